@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/droppedfile.h"
+
+#include <QMimeData>
+#include <QUrl>
+
+QString droppedJsonFile(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    const QString file = urls.isEmpty() ? QString() : urls.constFirst().toLocalFile();
+    return file.endsWith(QLatin1String(".json"), Qt::CaseInsensitive) ? file : QString();
+}

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/mainwindow.h"
+
+#include "app/windowpriority.h"
+#include "species/speciesmodel.h"
+#include "ui_mainwindow.h"
+
+#include <QDataWidgetMapper>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+
+#include <array>
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , ui(std::make_unique<Ui::MainWindow>())
+    , networkManager(new QNetworkAccessManager(this))
+    , speciesModel(new SpeciesModel(this))
+    , mapper(new QDataWidgetMapper(this))
+{
+    Q_INIT_RESOURCE(resources);
+    qRegisterMetaType<QNetworkReply*>();
+    ui->setupUi(this);
+    setCentralWidget(ui->centralwidget);
+    // The form needs a third of the width, the spectra the rest; size hints alone would halve it.
+    resizeDocks({ui->speciesDock}, {width() / 3}, Qt::Horizontal);
+
+    connectSignals();
+    connectActions();
+    setupMapper();
+    setAcceptDrops(true);
+    new WindowPriority(this);
+}
+
+MainWindow::~MainWindow()
+{
+    // Fields that lose the focus while they are destroyed still write to their models, which would
+    // mark a document that is half gone.
+    speciesModel->disconnect(this);
+    delete ui->mdiArea;
+}
+
+void MainWindow::connectSignals()
+{
+    connect(ui->buttonDownload, &QPushButton::clicked, this, &MainWindow::onButtonDownloadClicked);
+    connect(networkManager, &QNetworkAccessManager::finished, this, &MainWindow::onImageDownloaded);
+    ui->imageLabel->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(ui->imageLabel, &QLabel::customContextMenuRequested, this, &MainWindow::showImageMenu);
+}
+
+void MainWindow::connectActions()
+{
+    connect(ui->actionExit, &QAction::triggered, this, &MainWindow::close);
+    connect(ui->actionLoadSpecies, &QAction::triggered, this, &MainWindow::openSpecies);
+    connect(ui->actionSaveSpecies, &QAction::triggered, this, &MainWindow::saveSpecies);
+    connect(ui->actionSaveSpeciesAs, &QAction::triggered, this, &MainWindow::saveSpeciesAs);
+    connect(ui->actionSubscript, &QAction::triggered, this, &MainWindow::applySubscript);
+    connect(ui->actionSuperscript, &QAction::triggered, this, &MainWindow::applySuperscript);
+    connect(ui->actionClean, &QAction::triggered, this, &MainWindow::cleanUp);
+    connect(ui->actionDelete, &QAction::triggered, this, &MainWindow::deleteCurrentSpectrum);
+    connect(ui->actionNew, &QAction::triggered, this, [this] { createNewSpectrumWindow(); });
+    connect(ui->actionLoadSpectrum, &QAction::triggered, this, &MainWindow::openSpectrum);
+    connect(ui->actionSaveSpectrumAs, &QAction::triggered, this, &MainWindow::saveSpectrum);
+    connect(ui->actionCopy, &QAction::triggered, this, &MainWindow::copySpectrum);
+    connect(ui->actionPaste, &QAction::triggered, this, &MainWindow::pasteSpectrum);
+    connect(ui->actionSelectFolder, &QAction::triggered, this, &MainWindow::selectSpeciesFolder);
+    connect(ui->actionPreviousFile, &QAction::triggered, this,
+            &MainWindow::loadPreviousSpeciesFile);
+    connect(ui->actionNextFile, &QAction::triggered, this, &MainWindow::loadNextSpeciesFile);
+    connect(speciesModel, &SpeciesModel::imageChanged, this, &MainWindow::showImage);
+}
+
+void MainWindow::setupMapper()
+{
+    mapper->setModel(speciesModel);
+    connect(speciesModel, &SpeciesModel::dataChanged, this, qOverload<>(&MainWindow::setModified),
+            Qt::DirectConnection);
+
+    struct Binding
+    {
+        SpeciesModel::Column column;
+        QWidget* field;
+    };
+    const std::array<Binding, 11> bindings{{
+        {SpeciesModel::Name, ui->lineEditSpecies},
+        {SpeciesModel::Aliases, ui->textEditAliases},
+        {SpeciesModel::Mass, ui->lineEditMass},
+        {SpeciesModel::Formula, ui->lineEditSumFormula},
+        {SpeciesModel::InChI, ui->lineEditInChI},
+        {SpeciesModel::Cas, ui->lineEditCAS},
+        {SpeciesModel::PubChem, ui->lineEditCID},
+        {SpeciesModel::Aie, ui->lineEditAIE},
+        {SpeciesModel::Vie, ui->lineEditVIE},
+        {SpeciesModel::AieComment, ui->lineEditAIEComment},
+        {SpeciesModel::VieComment, ui->lineEditVIEComment},
+    }};
+    for (const Binding& binding : bindings)
+        mapper->addMapping(binding.field, binding.column, "cleanedHtml");
+    mapper->toFirst();
+}

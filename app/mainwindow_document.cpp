@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The life of the species document: title, save question, new, open, save, drop and close.
+
+#include "app/droppedfile.h"
+#include "app/mainwindow.h"
+#include "species/speciesfile.h"
+#include "species/speciesmodel.h"
+#include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumwindow.h"
+#include "support/jsonfile.h"
+#include "support/lastopenfolder.h"
+#include "support/messages.h"
+#include "ui_mainwindow.h"
+
+#include <QCloseEvent>
+#include <QDataWidgetMapper>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QScopeGuard>
+
+namespace {
+
+QString speciesFileFilter()
+{
+    return MainWindow::tr("JSON Files (*.json);;All Files (*)");
+}
+
+} // namespace
+
+void MainWindow::setModified()
+{
+    setModified(true);
+}
+
+void MainWindow::setModified(bool modified)
+{
+    isModified = modified;
+    const QString name =
+        currentFile.isEmpty() ? tr("(untitled)") : QFileInfo(currentFile).fileName();
+    const QString mark = modified ? QStringLiteral(" *") : QString();
+    setWindowTitle(QLatin1String("KORVELA Entry Edit - ") + name + mark);
+}
+
+bool MainWindow::askToSave()
+{
+    if (!isModified)
+        return true;
+
+    QMessageBox box;
+    box.setText(tr("The species has been modified."));
+    box.setInformativeText(tr("Do you want to save your changes?"));
+    box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    box.setDefaultButton(QMessageBox::Save);
+    const int answer = box.exec();
+    // Saving goes on even when the save-as dialog was cancelled or the write failed: on purpose.
+    if (answer == QMessageBox::Save)
+        saveSpecies();
+    return answer == QMessageBox::Save || answer == QMessageBox::Discard;
+}
+
+void MainWindow::cleanUp()
+{
+    if (!askToSave())
+        return;
+
+    ui->mdiArea->closeAllSubWindows();
+    currentFile.clear();
+    for (int column = 0; column < SpeciesModel::ColumnCount; ++column)
+        speciesModel->setData(speciesModel->index(0, column), QVariant(), Qt::EditRole);
+    mapper->toFirst();
+    currentFile.clear();
+    setModified(false);
+}
+
+void MainWindow::openSpecies()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Species JSON File"),
+                                                      LastOpenFolder::path(), speciesFileFilter());
+    if (!path.isEmpty())
+        loadSpecies(path);
+}
+
+bool MainWindow::loadSpecies(const QString& path)
+{
+    if (!askToSave())
+        return false;
+    if (!QFileInfo::exists(path)) {
+        Messages::warning(this, tr("File Not Found"), tr("The file %1 does not exist.").arg(path));
+        return false;
+    }
+    if (!isSpeciesFile(path)) {
+        Messages::warning(this, tr("Invalid Species File"),
+                          tr("The file %1 is not a valid species file.").arg(path));
+        return false;
+    }
+
+    isModified = false;
+    cleanUp();
+    if (!loadSpeciesFile(path)) {
+        currentFile.clear();
+        return false;
+    }
+    currentFile = path;
+    setModified(false);
+    LastOpenFolder::rememberFolderOf(path);
+    return true;
+}
+
+void MainWindow::saveSpecies()
+{
+    if (currentFile.isEmpty())
+        saveSpeciesAs();
+    else
+        saveSpeciesFile();
+}
+
+void MainWindow::saveSpeciesAs()
+{
+    const QString start = currentFile.isEmpty() ? LastOpenFolder::path() : currentFile;
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Species JSON File"), start,
+                                                      speciesFileFilter());
+    if (path.isEmpty())
+        return;
+    currentFile = path;
+    LastOpenFolder::rememberFolderOf(path);
+    saveSpeciesFile();
+}
+
+bool MainWindow::isSpeciesFile(const QString& path)
+{
+    return SpeciesFile::isSpeciesFile(path);
+}
+
+bool MainWindow::loadSpeciesFile(const QString& path)
+{
+    const JsonFile::ReadResult file = JsonFile::read(path);
+    if (!file.opened) {
+        Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
+        return false;
+    }
+    if (!SpeciesFile::isSpecies(file.object)) {
+        Messages::critical(this, tr("Error"), tr("Species not found in JSON file. Load aborted."));
+        return false;
+    }
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    speciesModel->fromJson(SpeciesFile::species(file.object));
+    const QList<QJsonObject> datasets = SpeciesFile::datasets(file.object);
+    for (const QJsonObject& dataset : datasets)
+        addSpectrumWindow(new SpectrumWindow(dataset, this));
+
+    const QList<QMdiSubWindow*> subWindows = ui->mdiArea->subWindowList(QMdiArea::CreationOrder);
+    if (!subWindows.isEmpty())
+        ui->mdiArea->setActiveSubWindow(subWindows.constFirst());
+    return true;
+}
+
+void MainWindow::saveSpeciesFile()
+{
+    QList<QJsonObject> datasets;
+    const QList<QMdiSubWindow*> subWindows = ui->mdiArea->subWindowList(QMdiArea::CreationOrder);
+    for (const QMdiSubWindow* subWindow : subWindows) {
+        if (const auto* spectrum = qobject_cast<SpectrumWindow*>(subWindow->widget()))
+            datasets.append(spectrum->model()->toJson());
+    }
+
+    const QJsonObject content = SpeciesFile::assemble(speciesModel->toJson(), datasets);
+    if (JsonFile::write(currentFile, content, QJsonDocument::Indented) ==
+        JsonFile::WriteResult::NotOpened) {
+        Messages::warning(this, tr("Error"), tr("Could not open file for writing."));
+        return;
+    }
+    setModified(false);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!droppedJsonFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QString path = droppedJsonFile(event->mimeData());
+    if (path.isEmpty() || !askToSave())
+        return;
+
+    // Unlike opening, a drop goes ahead without looking at the file first.
+    isModified = false;
+    cleanUp();
+    currentFile = loadSpeciesFile(path) ? path : QString();
+    setModified(false);
+    LastOpenFolder::rememberFolderOf(path);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    event->setAccepted(askToSave());
+}

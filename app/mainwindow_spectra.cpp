@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Spectrum windows, spectrum files and the exchange of spectra through the clipboard.
+
+#include "app/mainwindow.h"
+#include "spectrum/spectrumcontainer.h"
+#include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumwindow.h"
+#include "support/jsonfile.h"
+#include "support/lastopenfolder.h"
+#include "support/messages.h"
+#include "ui_mainwindow.h"
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QJsonDocument>
+#include <QMdiSubWindow>
+
+void MainWindow::addSpectrumWindow(SpectrumWindow* window)
+{
+    QMdiSubWindow* subWindow = ui->mdiArea->addSubWindow(window);
+    subWindow->setAttribute(Qt::WA_DeleteOnClose);
+    window->show();
+    setModified(true);
+}
+
+void MainWindow::createNewSpectrumWindow()
+{
+    addSpectrumWindow(new SpectrumWindow(this));
+}
+
+void MainWindow::deleteCurrentSpectrum()
+{
+    QMdiSubWindow* active = ui->mdiArea->activeSubWindow();
+    if (active == nullptr)
+        return;
+    active->close();
+    setModified(true);
+}
+
+SpectrumWindow* MainWindow::activeSpectrum() const
+{
+    const QMdiSubWindow* active = ui->mdiArea->activeSubWindow();
+    return active == nullptr ? nullptr : qobject_cast<SpectrumWindow*>(active->widget());
+}
+
+void MainWindow::copySpectrum()
+{
+    const SpectrumWindow* spectrum = activeSpectrum();
+    if (spectrum == nullptr) {
+        Messages::warning(this, tr("Error"), tr("No spectrum window is selected."));
+        return;
+    }
+    const QJsonDocument document(SpectrumContainer::wrap(spectrum->model()->toJson()));
+    QGuiApplication::clipboard()->setText(
+        QString::fromUtf8(document.toJson(QJsonDocument::Compact)));
+}
+
+void MainWindow::pasteSpectrum()
+{
+    const QByteArray text = QGuiApplication::clipboard()->text().toUtf8();
+    const QJsonDocument document = QJsonDocument::fromJson(text);
+    if (!document.isObject()) {
+        Messages::warning(this, tr("Error"), tr("Clipboard does not contain a valid spectrum."));
+        return;
+    }
+    if (!SpectrumContainer::isSpectrum(document.object())) {
+        Messages::critical(this, tr("Error"), tr("Format error, cannot paste."));
+        return;
+    }
+    addSpectrumWindow(new SpectrumWindow(document.object(), this));
+}
+
+void MainWindow::openSpectrum()
+{
+    // A cancelled dialog answers with an empty path, which goes on to the message on purpose.
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Open Spectrum JSON File"), LastOpenFolder::path(),
+                                     tr("JSON Files (*.json);;All Files (*)"));
+    const JsonFile::ReadResult file = JsonFile::read(path);
+    if (!file.opened) {
+        Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
+        return;
+    }
+    if (!SpectrumContainer::isSpectrum(file.object)) {
+        Messages::critical(this, tr("Error"), tr("Spectrum not found in JSON file. Load aborted."));
+        return;
+    }
+    addSpectrumWindow(new SpectrumWindow(file.object, this));
+    LastOpenFolder::rememberFolderOf(path);
+}
+
+void MainWindow::saveSpectrum()
+{
+    const SpectrumWindow* spectrum = activeSpectrum();
+    if (spectrum == nullptr) {
+        Messages::warning(this, tr("Error"), tr("No active spectrum window to save."));
+        return;
+    }
+    const QString path =
+        QFileDialog::getSaveFileName(this, QStringLiteral("Save Spectrum"), LastOpenFolder::path(),
+                                     tr("JSON Files (*.json);;All Files (*)"));
+    if (path.isEmpty())
+        return;
+    const QJsonObject container = SpectrumContainer::wrap(spectrum->model()->toJson());
+    if (JsonFile::write(path, container, QJsonDocument::Indented) ==
+        JsonFile::WriteResult::NotOpened) {
+        Messages::warning(this, tr("Error"), tr("Could not open file for writing"));
+        return;
+    }
+    LastOpenFolder::rememberFolderOf(path);
+}

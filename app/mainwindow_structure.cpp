@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The structure image: download, display and context menu.
+
+#include "app/mainwindow.h"
+#include "species/casnumber.h"
+#include "species/speciesmodel.h"
+#include "species/structureimagerequest.h"
+#include "species/structurepicture.h"
+#include "support/messages.h"
+#include "ui_mainwindow.h"
+
+#include <QClipboard>
+#include <QMenu>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+
+void MainWindow::onButtonDownloadClicked()
+{
+    QString casNumber = ui->lineEditCAS->toPlainText().trimmed();
+    if (!isValidCasNumber(casNumber)) {
+        Messages::warning(this, tr("Invalid Input"),
+                          tr("Please enter a valid CAS number (e.g., 58-08-2)."));
+        return;
+    }
+    const QString digits = casNumber.remove(QLatin1Char('-'));
+    networkManager->get(QNetworkRequest(structureImageUrl(digits)));
+}
+
+void MainWindow::onImageDownloaded(QNetworkReply* reply)
+{
+    reply->deleteLater();
+    if (reply->error() != QNetworkReply::NoError) {
+        Messages::critical(this, tr("Download Failed"), tr("Failed to download the image."));
+        return;
+    }
+    const QImage image = StructurePicture::decode(reply->readAll());
+    if (image.isNull()) {
+        Messages::critical(this, tr("Image Error"), tr("Failed to load the image data."));
+        return;
+    }
+    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage),
+                          QVariant::fromValue(image), Qt::EditRole);
+}
+
+void MainWindow::showImage()
+{
+    const QImage image = speciesModel->image();
+    if (image.isNull()) {
+        ui->imageLabel->clear();
+        return;
+    }
+    ui->imageLabel->setPixmap(QPixmap::fromImage(image).scaled(
+        ui->imageLabel->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+void MainWindow::showImageMenu(const QPoint& position)
+{
+    QMenu menu(tr("Image Menu"), this);
+    const QAction* clear = menu.addAction(QStringLiteral("Clear Image"));
+    const QAction* paste = menu.addAction(QStringLiteral("Paste Image from Clipboard"));
+    const QAction* chosen = menu.exec(ui->imageLabel->mapToGlobal(position));
+    if (chosen == clear)
+        clearImage();
+    else if (chosen == paste)
+        pasteImageFromClipboard();
+}
+
+void MainWindow::clearImage()
+{
+    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage), QVariant(),
+                          Qt::EditRole);
+}
+
+void MainWindow::pasteImageFromClipboard()
+{
+    const QImage image = QGuiApplication::clipboard()->image();
+    if (image.isNull()) {
+        Messages::warning(this, tr("No Image"), tr("The clipboard does not contain an image."));
+        return;
+    }
+    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage),
+                          QVariant::fromValue(image), Qt::EditRole);
+}

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "species/speciesfile.h"
+
+#include "support/jsonfile.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+
+namespace {
+
+constexpr QLatin1String typeKey("Type");
+constexpr QLatin1String speciesType("Species v1");
+constexpr QLatin1String speciesKey("Species");
+
+} // namespace
+
+namespace SpeciesFile {
+
+bool isSpecies(const QJsonObject& file)
+{
+    return file.value(typeKey).toString() == speciesType;
+}
+
+bool isSpeciesFile(const QString& path)
+{
+    const JsonFile::ReadResult file = JsonFile::read(path);
+    return file.parsed && isSpecies(file.object);
+}
+
+QJsonObject species(const QJsonObject& file)
+{
+    return file.value(speciesKey).toObject();
+}
+
+QList<QJsonObject> datasets(const QJsonObject& file)
+{
+    static const QRegularExpression datasetKey(QStringLiteral("^Dataset\\d+$"));
+    QList<QJsonObject> found;
+    for (auto entry = file.constBegin(); entry != file.constEnd(); ++entry) {
+        if (datasetKey.match(entry.key()).hasMatch())
+            found.append(entry.value().toObject());
+    }
+    return found;
+}
+
+QJsonObject assemble(const QJsonObject& species, const QList<QJsonObject>& datasets)
+{
+    QJsonObject file{{typeKey, QString(speciesType)}, {speciesKey, species}};
+    int number = 1;
+    for (const QJsonObject& dataset : datasets)
+        file.insert(QStringLiteral("Dataset%1").arg(number++), dataset);
+    return file;
+}
+
+} // namespace SpeciesFile

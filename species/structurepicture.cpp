@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "species/structurepicture.h"
+
+#include "species/vectordrawing.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+namespace StructurePicture {
+
+QString toBase64Png(const QImage& image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return QString::fromLatin1(bytes.toBase64());
+}
+
+QImage fromBase64(const QString& text)
+{
+    return decode(QByteArray::fromBase64(text.toUtf8()));
+}
+
+QImage decode(const QByteArray& bytes)
+{
+    QByteArray data = bytes;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::ReadOnly);
+    const QByteArray format = QImageReader(&buffer).format();
+    if (format.startsWith("svg"))
+        return QImage::fromData(VectorDrawing::selfContained(bytes));
+    return QImage::fromData(bytes);
+}
+
+} // namespace StructurePicture

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QImage>
+
+/// The structure image on its way into and out of files.
+namespace StructurePicture {
+
+/// The image as a PNG file in standard base64 (RFC 4648, padded, no line breaks); empty for a null
+/// image.
+[[nodiscard]] QString toBase64Png(const QImage& image);
+
+/// The image that base64 text holds, in any format that the toolkit reads; null when there is none.
+[[nodiscard]] QImage fromBase64(const QString& text);
+
+/// Decodes the bytes of an image file, recognising the format from the data; null when they are no
+/// image. A vector drawing is relieved of everything that names another file first, so that a
+/// picture never makes the program read anything but the picture.
+[[nodiscard]] QImage decode(const QByteArray& bytes);
+
+} // namespace StructurePicture

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumchartview.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QtCharts/QChart>
+
+#include <algorithm>
+
+SpectrumChartView::SpectrumChartView(QWidget* parent)
+    : QChartView(new QChart, parent)
+    , hoverLabel(new QLabel(this))
+{
+    setRenderHint(QPainter::Antialiasing);
+    setAttribute(Qt::WA_MouseTracking);
+    viewport()->setAttribute(Qt::WA_MouseTracking);
+
+    hoverLabel->setStyleSheet(
+        QStringLiteral("background-color: rgba(255, 255, 255, 150); padding: 2px;"));
+    hoverLabel->setAlignment(Qt::AlignCenter);
+    hoverLabel->show();
+}
+
+void SpectrumChartView::mousePressEvent(QMouseEvent* event)
+{
+    // Qt Charts 6.4 takes for granted that an item lies under every press and crashes beside the
+    // chart.
+    if (itemAt(event->position().toPoint()) == nullptr) {
+        event->ignore();
+        return;
+    }
+    QChartView::mousePressEvent(event);
+}
+
+void SpectrumChartView::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointF wholePixel = event->position().toPoint();
+    showValue(chart()->mapToValue(wholePixel));
+    QChartView::mouseMoveEvent(event);
+}
+
+void SpectrumChartView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::RightButton) {
+        chart()->zoomReset();
+        return;
+    }
+    QChartView::mouseReleaseEvent(event);
+}
+
+void SpectrumChartView::resizeEvent(QResizeEvent* event)
+{
+    QChartView::resizeEvent(event);
+    positionHoverLabel();
+}
+
+void SpectrumChartView::showValue(QPointF value)
+{
+    constexpr int energyDecimals = 4;
+    constexpr int intensityDecimals = 2;
+    hoverLabel->setText(QStringLiteral("h\u03bd: %1, I: %2")
+                            .arg(value.x(), 0, 'f', energyDecimals)
+                            .arg(value.y(), 0, 'f', intensityDecimals));
+    positionHoverLabel();
+}
+
+void SpectrumChartView::positionHoverLabel()
+{
+    constexpr int margin = 10;
+    hoverLabel->adjustSize();
+    hoverLabel->move(std::max(0, width() - hoverLabel->width() - margin),
+                     std::max(0, height() - hoverLabel->height() - margin));
+}

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumcontainer.h"
+
+namespace {
+
+constexpr QLatin1String typeKey("Type");
+constexpr QLatin1String spectrumType("Spectrum v1");
+
+} // namespace
+
+namespace SpectrumContainer {
+
+QJsonObject wrap(QJsonObject record)
+{
+    record.insert(typeKey, QString(spectrumType));
+    return record;
+}
+
+bool isSpectrum(const QJsonObject& container)
+{
+    return container.value(typeKey).toString() == spectrumType;
+}
+
+} // namespace SpectrumContainer

@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrummodel.h"
+
+#include "spectrum/pointtext.h"
+#include "spectrum/spectrumpoints.h"
+#include "support/messages.h"
+#include "widgets/cleanedhtml.h"
+
+#include <QJsonArray>
+#include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QTimer>
+
+#include <array>
+#include <chrono>
+
+namespace {
+
+struct Field
+{
+    SpectrumModel::Column column;
+    QLatin1String key;
+};
+
+constexpr std::array<Field, 8> commonTexts{{
+    {SpectrumModel::Title, QLatin1String("Title")},
+    {SpectrumModel::Uploader, QLatin1String("Uploader")},
+    {SpectrumModel::Doi, QLatin1String("DOI")},
+    {SpectrumModel::FurtherRefs, QLatin1String("FurtherRefs")},
+    {SpectrumModel::Temperature, QLatin1String("T")},
+    {SpectrumModel::FurtherComments, QLatin1String("FurtherComments")},
+    {SpectrumModel::CreatedDate, QLatin1String("CreatedDate")},
+    {SpectrumModel::FacilityDate, QLatin1String("FacilityDate")},
+}};
+
+using TypeTexts = std::array<Field, 3>;
+constexpr TypeTexts experimentTexts{{
+    {SpectrumModel::Source, QLatin1String("Source")},
+    {SpectrumModel::Resolution, QLatin1String("Resolution")},
+    {SpectrumModel::Normalization, QLatin1String("Normalization")},
+}};
+constexpr TypeTexts simulationTexts{{
+    {SpectrumModel::LevelOfTheory, QLatin1String("LevelOfTheory")},
+    {SpectrumModel::ConvolutionFwhm, QLatin1String("ConvolutionFWHM")},
+    {SpectrumModel::Aie, QLatin1String("AIE")},
+}};
+
+constexpr QLatin1String typeKey("SpectType");
+constexpr QLatin1String lineSpectrumKey("LineSpectrum");
+constexpr QLatin1String energyKey("E");
+constexpr QLatin1String intensityKey("I");
+/// Older records hold the points as one array of objects with "E" and "I".
+constexpr QLatin1String pointObjectsKey("Spectrum");
+
+const TypeTexts& textsOfType(int type)
+{
+    return type == SpectrumModel::FcSimulation ? simulationTexts : experimentTexts;
+}
+
+const TypeTexts& textsOfOtherKind(int type)
+{
+    return type == SpectrumModel::FcSimulation ? experimentTexts : simulationTexts;
+}
+
+} // namespace
+
+SpectrumModel::SpectrumModel(QObject* parent, QPlainTextEdit* editor)
+    : MyStandardItemModel(parent)
+    , updateTimer(new QTimer(this))
+    , pointText(editor)
+{
+    setRowCount(1);
+    setColumnCount(ColumnCount);
+
+    using namespace std::chrono_literals;
+    updateTimer->setInterval(2000ms);
+    updateTimer->setSingleShot(true);
+    connect(updateTimer, &QTimer::timeout, this, &SpectrumModel::emitSpectrumDataChanged);
+
+    if (pointText != nullptr) {
+        connect(pointText, &QPlainTextEdit::textChanged, this, [this] {
+            if (!writingPointText)
+                updateTimer->start();
+        });
+    }
+}
+
+QList<QPointF> SpectrumModel::points() const
+{
+    return PointText::parse(pointLines);
+}
+
+QVariant SpectrumModel::value(int column) const
+{
+    return data(index(0, column), Qt::DisplayRole);
+}
+
+void SpectrumModel::setValue(int column, const QVariant& newValue)
+{
+    setData(index(0, column), newValue, Qt::EditRole);
+}
+
+QJsonObject SpectrumModel::toJson() const
+{
+    QJsonObject record;
+    for (const Field& field : commonTexts)
+        record.insert(field.key, CleanedHtml::withoutForeignTags(value(field.column).toString()));
+    record.insert(lineSpectrumKey, value(LineSpectrum).toBool());
+
+    const int type = value(Type).toInt();
+    record.insert(typeKey, type);
+    // These are deliberately written as the cells hold them, foreign tags included.
+    for (const Field& field : textsOfType(type))
+        record.insert(field.key, value(field.column).toString());
+
+    QJsonArray energies;
+    QJsonArray intensities;
+    const QList<QPointF> currentPoints = points();
+    for (const QPointF& point : currentPoints) {
+        energies.append(point.x());
+        intensities.append(point.y());
+    }
+    record.insert(energyKey, energies);
+    record.insert(intensityKey, intensities);
+    return record;
+}
+
+void SpectrumModel::fromJson(const QJsonObject& record)
+{
+    const QSignalBlocker blocker(this);
+
+    for (const Field& field : commonTexts)
+        setValue(field.column, record.value(field.key).toString());
+    setValue(LineSpectrum, record.value(lineSpectrumKey).toBool());
+
+    const int type = record.value(typeKey).toInt();
+    setValue(Type, type);
+    for (const Field& field : textsOfType(type))
+        setValue(field.column, record.value(field.key).toString());
+    for (const Field& field : textsOfOtherKind(type))
+        setValue(field.column, QVariant());
+
+    readPointArrays(record);
+    writePointText();
+}
+
+void SpectrumModel::readPointArrays(const QJsonObject& record)
+{
+    // Loading rounds to six significant digits on purpose: the editor shows what a spectrometer can
+    // tell apart, and what is shown is what is saved.
+    pointLines.clear();
+    if (record.contains(pointObjectsKey)) {
+        const QJsonArray pointObjects = record.value(pointObjectsKey).toArray();
+        pointLines.reserve(pointObjects.size());
+        for (const QJsonValue& element : pointObjects) {
+            const QJsonObject point = element.toObject();
+            pointLines.append(PointText::loadedLine(point.value(energyKey).toDouble(),
+                                                    point.value(intensityKey).toDouble()));
+        }
+        return;
+    }
+
+    const QJsonArray energies = record.value(energyKey).toArray();
+    const QJsonArray intensities = record.value(intensityKey).toArray();
+    if (energies.size() != intensities.size())
+        return;
+    pointLines.reserve(energies.size());
+    for (qsizetype i = 0; i < energies.size(); ++i) {
+        pointLines.append(
+            PointText::loadedLine(energies.at(i).toDouble(), intensities.at(i).toDouble()));
+    }
+}
+
+void SpectrumModel::normalizeSpectrum()
+{
+    if (const auto scaled = SpectrumPoints::normalized(points()))
+        replacePoints(PointText::normalizedLines(*scaled));
+}
+
+void SpectrumModel::makePointsSparser()
+{
+    if (value(LineSpectrum).toBool()) {
+        Messages::warning(qobject_cast<QWidget*>(QObject::parent()), QStringLiteral("Error"),
+                          QStringLiteral("Cannot resample line spectra"));
+        return;
+    }
+    if (const auto resampled = SpectrumPoints::resampled(points()))
+        replacePoints(PointText::resampledLines(*resampled));
+}
+
+void SpectrumModel::replacePoints(const QStringList& lines)
+{
+    pointLines = lines;
+    writePointText();
+    Q_EMIT spectrumDataChanged();
+}
+
+void SpectrumModel::emitSpectrumDataChanged()
+{
+    if (!writingPointText && pointText != nullptr) {
+        const QString text = pointText->document()->toPlainText();
+        pointLines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+    Q_EMIT spectrumDataChanged();
+}
+
+void SpectrumModel::writePointText()
+{
+    if (pointText == nullptr)
+        return;
+    const QScopedValueRollback<bool> writing(writingPointText, true);
+    pointText->setPlainText(pointLines.join(QLatin1Char('\n')));
+}

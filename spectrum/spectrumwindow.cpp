@@ -1,0 +1,243 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumwindow.h"
+
+#include "spectrum/modifiabledocument.h"
+#include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumpoints.h"
+#include "ui_spectrumwindow.h"
+
+#include <QCloseEvent>
+#include <QDataWidgetMapper>
+#include <QDate>
+#include <QScopedValueRollback>
+#include <QtCharts/QChart>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+
+#include <array>
+#include <utility>
+
+SpectrumWindow::SpectrumWindow(QWidget* parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::SpectrumWindow>())
+    , mapper(new QDataWidgetMapper(this))
+    , speciesDocument(qobject_cast<ModifiableDocument*>(parent))
+{
+    ui->setupUi(this);
+    fillMappingTable();
+
+    spectrumModel = new SpectrumModel(this, ui->textEditSpect);
+    mapper->setModel(spectrumModel);
+
+    connectSignals();
+    buildChart();
+
+    spectrumModel->setData(spectrumModel->index(0, SpectrumModel::CreatedDate),
+                           QDate::currentDate().toString(Qt::ISODate), Qt::EditRole);
+    onSpectrumTypeChanged(ui->comboBoxType->currentIndex());
+}
+
+SpectrumWindow::SpectrumWindow(const QJsonObject& dataset, QWidget* parent)
+    : SpectrumWindow(parent)
+{
+    spectrumModel->fromJson(dataset);
+    const QModelIndex type = spectrumModel->index(0, SpectrumModel::Type);
+    onSpectrumTypeChanged(spectrumModel->data(type, Qt::EditRole).toInt());
+    updateChart();
+}
+
+SpectrumWindow::~SpectrumWindow() = default;
+
+SpectrumModel* SpectrumWindow::model() const
+{
+    return spectrumModel;
+}
+
+void SpectrumWindow::fillMappingTable()
+{
+    constexpr auto html = "cleanedHtml";
+    mappingTable = {
+        {ui->lineEditTitle, SpectrumModel::Title, true, true, html},
+        {ui->lineEditUploader, SpectrumModel::Uploader, true, true, html},
+        {ui->lineEditSpectDOI, SpectrumModel::Doi, true, true, html},
+        {ui->textEditCitations, SpectrumModel::FurtherRefs, true, true, html},
+        {ui->textEditComments, SpectrumModel::FurtherComments, true, true, html},
+        {ui->comboBoxType, SpectrumModel::Type, true, true, "currentIndex"},
+        {ui->labelCreated, SpectrumModel::CreatedDate, true, true, "text"},
+        {ui->lineEditFacilityDate, SpectrumModel::FacilityDate, true, true, html},
+        {ui->checkBoxLineSpectrum, SpectrumModel::LineSpectrum, true, true, "checked"},
+        {ui->lineEditSourceT, SpectrumModel::Temperature, true, true, html},
+        {ui->lineEditSource, SpectrumModel::LevelOfTheory, true, false, html},
+        {ui->lineEditResolution, SpectrumModel::ConvolutionFwhm, true, false, html},
+        {ui->lineEditFlux, SpectrumModel::Aie, true, false, html},
+        {ui->lineEditSource, SpectrumModel::Source, false, true, html},
+        {ui->lineEditResolution, SpectrumModel::Resolution, false, true, html},
+        {ui->lineEditFlux, SpectrumModel::Normalization, false, true, html},
+    };
+}
+
+void SpectrumWindow::connectSignals()
+{
+    if (speciesDocument != nullptr) {
+        const auto setModified = [document = speciesDocument] { document->setModified(); };
+        connect(spectrumModel, &SpectrumModel::dataChanged, parent(), setModified);
+        connect(ui->textEditSpect, &QPlainTextEdit::textChanged, parent(), setModified);
+    }
+    connect(ui->lineEditTitle, &QTextEdit::textChanged, this, &SpectrumWindow::updateWindowTitle);
+    connect(ui->comboBoxType, &QComboBox::currentIndexChanged, this,
+            &SpectrumWindow::onSpectrumTypeChanged);
+    connect(ui->buttonCommaToDot, &QPushButton::clicked, this,
+            &SpectrumWindow::onButtonCommaToDotClicked);
+    connect(ui->buttonNormalize, &QPushButton::clicked, spectrumModel,
+            &SpectrumModel::normalizeSpectrum);
+    connect(ui->buttonSparse, &QPushButton::clicked, spectrumModel,
+            &SpectrumModel::makePointsSparser);
+    connect(spectrumModel, &SpectrumModel::spectrumDataChanged, this, &SpectrumWindow::updateChart);
+    connect(ui->checkBoxLineSpectrum, &QCheckBox::toggled, this,
+            &SpectrumWindow::submitLineSpectrum);
+    connect(ui->textEditSpect, &QPlainTextEdit::textChanged, this,
+            &SpectrumWindow::updateLineCount);
+}
+
+void SpectrumWindow::buildChart()
+{
+    auto* chart = new QChart;
+    chart->legend()->hide();
+
+    auto* series = new QLineSeries;
+    chart->addSeries(series);
+    const auto addAxis = [chart, series](const QString& title, Qt::Alignment side) {
+        auto* axis = new QValueAxis;
+        axis->setTitleText(title);
+        axis->setLabelFormat(QStringLiteral("%.2f"));
+        chart->addAxis(axis, side);
+        series->attachAxis(axis);
+    };
+    addAxis(QStringLiteral("h\u03bd / eV"), Qt::AlignBottom);
+    addAxis(QStringLiteral("Intensity / arb. unit"), Qt::AlignLeft);
+
+    // The view hands its old chart back to the caller.
+    const std::unique_ptr<QChart> replaced(ui->chartSpectrum->chart());
+    ui->chartSpectrum->setChart(chart);
+    ui->chartSpectrum->setRenderHint(QPainter::Antialiasing);
+    ui->chartSpectrum->setRubberBand(QChartView::RectangleRubberBand);
+}
+
+void SpectrumWindow::applyMappings(int type)
+{
+    mapper->clearMapping();
+    const bool simulation = type == SpectrumModel::FcSimulation;
+    for (const MappingEntry& entry : std::as_const(mappingTable)) {
+        if (simulation ? entry.forSimulation : entry.forExperiment)
+            mapper->addMapping(entry.widget, entry.section, entry.propertyName);
+    }
+}
+
+void SpectrumWindow::onSpectrumTypeChanged(int index)
+{
+    // Showing the model's values sets the combo box, which calls this again.
+    if (typeSwitchInProgress)
+        return;
+    const QScopedValueRollback<bool> switching(typeSwitchInProgress, true);
+
+    setCaptions(index);
+    // The type is stored first: with the new mappings the widgets are filled from the model.
+    spectrumModel->setData(spectrumModel->index(0, SpectrumModel::Type), index, Qt::EditRole);
+    applyMappings(index);
+    mapper->toFirst();
+}
+
+void SpectrumWindow::setCaptions(int type)
+{
+    struct Caption
+    {
+        QLabel* label;
+        const char16_t* simulation;
+        const char16_t* experiment;
+    };
+    const std::array<Caption, 6> captions{{
+        {ui->label_8, u"Level(s) of theory", u"Source"},
+        {ui->label_9, u"Vib. T / K", u"Source T / K"},
+        {ui->label_10, u"Conv. FWHM / meV", u"Resolution / meV"},
+        {ui->label_11, u"0-0 transition / eV", u"Flux normalization"},
+        {ui->labelComments,
+         u"Comments: programs used, approximations, convergence, simulation issues etc.",
+         u"Comments: mass resolution, extraction field, details of spectral treatment, "
+         u"sample / isomeric purity etc."},
+        {ui->labelCitations, u"Further citations (program(s), theory etc.)",
+         u"Further citations (expt., source, light source etc.)"},
+    }};
+    const bool simulation = type == SpectrumModel::FcSimulation;
+    for (const Caption& caption : captions)
+        caption.label->setText(
+            QString::fromUtf16(simulation ? caption.simulation : caption.experiment));
+}
+
+void SpectrumWindow::submitLineSpectrum()
+{
+    if (typeSwitchInProgress)
+        return;
+    mapper->submit();
+    updateChart();
+}
+
+void SpectrumWindow::updateWindowTitle()
+{
+    setWindowTitle(ui->lineEditTitle->toPlainText());
+}
+
+void SpectrumWindow::onButtonCommaToDotClicked()
+{
+    QString text = ui->textEditSpect->document()->toPlainText();
+    ui->textEditSpect->setPlainText(text.replace(QLatin1Char(','), QLatin1Char('.')));
+}
+
+void SpectrumWindow::updateLineCount()
+{
+    ui->label_14->setText(
+        QStringLiteral("Spectrum, I(hv / eV) (%1 lines)").arg(ui->textEditSpect->blockCount()));
+}
+
+void SpectrumWindow::updateChart()
+{
+    QChart* chart = ui->chartSpectrum->chart();
+    auto* series = chart->series().isEmpty()
+                       ? nullptr
+                       : qobject_cast<QLineSeries*>(chart->series().constFirst());
+    if (series == nullptr)
+        return;
+
+    // A zoom remembers the ranges from before it; left alone, it would bring them back over new
+    // data.
+    if (chart->isZoomed())
+        chart->zoomReset();
+
+    const QList<QPointF> points = spectrumModel->points();
+    const auto firstValueAxis = [chart](Qt::Orientation orientation) {
+        const QList<QAbstractAxis*> axes = chart->axes(orientation);
+        return axes.isEmpty() ? nullptr : qobject_cast<QValueAxis*>(axes.constFirst());
+    };
+    QValueAxis* energyAxis = firstValueAxis(Qt::Horizontal);
+    QValueAxis* intensityAxis = firstValueAxis(Qt::Vertical);
+    const auto extent = SpectrumPoints::extent(points);
+    if (energyAxis != nullptr && intensityAxis != nullptr && extent) {
+        energyAxis->setRange(extent->lowestEnergy, extent->highestEnergy);
+        intensityAxis->setRange(extent->lowestIntensity, extent->highestIntensity);
+    }
+
+    // Ranges first: every one of these calls draws all points anew, and so the new ones only once.
+    const QModelIndex lineSpectrum = spectrumModel->index(0, SpectrumModel::LineSpectrum);
+    const bool asSticks = spectrumModel->data(lineSpectrum, Qt::DisplayRole).toBool();
+    series->replace(asSticks ? SpectrumPoints::sticks(points) : points);
+    chart->update();
+}
+
+void SpectrumWindow::closeEvent(QCloseEvent* event)
+{
+    // Closing discards the dataset, whichever button did it.
+    if (speciesDocument != nullptr)
+        speciesDocument->setModified();
+    QWidget::closeEvent(event);
+}

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+class QTextDocument;
+
+/// Cleaned HTML: plain text in which three markups survive, sup and sub elements for raised and
+/// lowered characters and "<br>" for a line break. Nothing in it is escaped, so that stored text
+/// stays readable: a "<" or "&" that the user typed stands there as it is.
+namespace CleanedHtml {
+
+/// The cleaned HTML of a document. Each run of one character format and one line gets tags of its
+/// own; neighbouring runs are not merged.
+[[nodiscard]] QString fromDocument(const QTextDocument& document);
+
+/// The text without any tag whose name does not begin with sub, sup or br followed by a word
+/// boundary. The text between tags, attributes of the kept tags and entities stay. Case-sensitive.
+[[nodiscard]] QString withoutForeignTags(const QString& html);
+
+/// The text as it may be handed to the toolkit's HTML reader. A "<" that begins no tag (HTML: one
+/// that is not followed by a letter, "/", "!" or "?"; also one that no ">" ever follows) is
+/// escaped, because the reader would swallow the text behind it. Elements nested deeper than any
+/// text needs lose their tags, because the reader's time grows exponentially with nested tables and
+/// quadratically with others.
+[[nodiscard]] QString forHtmlReader(const QString& html);
+
+} // namespace CleanedHtml

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QTextEdit>
+
+/// Multi-line rich-text field that knows only superscript, subscript and line breaks, and exchanges
+/// its content as cleaned HTML. Nothing that its text names (pictures, style sheets) is ever
+/// loaded.
+class CleanTextEdit : public QTextEdit
+{
+    Q_OBJECT
+    Q_PROPERTY(QString cleanedHtml READ cleanedHtml WRITE setCleanedHtml NOTIFY cleanedHtmlChanged)
+
+public:
+    explicit CleanTextEdit(QWidget* parent = nullptr);
+
+    /// The content as cleaned HTML, computed at every call.
+    [[nodiscard]] QString cleanedHtml() const;
+
+    /// Replaces the content by @p html, read as HTML; a "<" that begins no tag is text.
+    void setCleanedHtml(const QString& html);
+
+    QVariant loadResource(int type, const QUrl& name) override;
+
+Q_SIGNALS:
+    /// The text has changed.
+    void cleanedHtmlChanged();
+
+private Q_SLOTS:
+    void onTextChanged();
+};

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "widgets/cleantextedit.h"
+
+/// One-line rich-text field: looks and behaves like a line edit, but its characters can be raised
+/// and lowered. It takes no line breaks from keys or pastes; long text scrolls sideways.
+class SingleLineTextEdit : public CleanTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit SingleLineTextEdit(QWidget* parent = nullptr);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    void adjustHeight();
+};
