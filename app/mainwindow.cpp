@@ -24,8 +24,7 @@ MainWindow::MainWindow(QWidget* parent)
     qRegisterMetaType<QNetworkReply*>();
     ui->setupUi(this);
     setCentralWidget(ui->centralwidget);
-    // The form needs a third of the width, the spectra the rest; size hints alone would halve it.
-    resizeDocks({ui->speciesDock}, {width() / 3}, Qt::Horizontal);
+    fitForm();
 
     connectSignals();
     connectActions();
@@ -40,6 +39,22 @@ MainWindow::~MainWindow()
     // mark a document that is half gone.
     speciesModel->disconnect(this);
     delete ui->mdiArea;
+}
+
+void MainWindow::fitForm()
+{
+    // The form needs a third of the width, the spectra the rest; size hints alone would halve it.
+    resizeDocks({ui->speciesDock}, {width() / 3}, Qt::Horizontal);
+    ui->verticalLayout->setAlignment(ui->formLayout, Qt::AlignTop);
+
+    // Both energy fields show a value with its uncertainty whole; the headings stand above the
+    // columns.
+    const int energyWidth =
+        fontMetrics().horizontalAdvance(QStringLiteral("99.99999 \u00b1 0.00009"));
+    ui->lineEditAIE->setFixedWidth(energyWidth);
+    ui->lineEditVIE->setFixedWidth(energyWidth);
+    const int gap = ui->horizontalLayout_2->spacing();
+    ui->horizontalLayout_4->setSpacing(energyWidth - ui->label_11->maximumWidth() + gap);
 }
 
 void MainWindow::connectSignals()

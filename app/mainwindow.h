@@ -66,6 +66,7 @@ protected:
 
 private:
     // Construction
+    void fitForm();
     void connectSignals();
     void connectActions();
     void setupMapper();
