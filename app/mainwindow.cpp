@@ -35,9 +35,10 @@ MainWindow::MainWindow(QWidget* parent)
 
 MainWindow::~MainWindow()
 {
-    // Fields that lose the focus while they are destroyed still write to their models, which would
-    // mark a document that is half gone.
+    // While they are destroyed, fields that lose the focus still write to their models and pending
+    // replies still finish: neither may reach a window that is half gone.
     speciesModel->disconnect(this);
+    networkManager->disconnect(this);
     delete ui->mdiArea;
 }
 

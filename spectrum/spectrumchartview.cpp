@@ -20,6 +20,7 @@ SpectrumChartView::SpectrumChartView(QWidget* parent)
     hoverLabel->setStyleSheet(
         QStringLiteral("background-color: rgba(255, 255, 255, 150); padding: 2px;"));
     hoverLabel->setAlignment(Qt::AlignCenter);
+    hoverLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
     hoverLabel->show();
 }
 
