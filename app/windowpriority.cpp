@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDockWidget>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QWidget>
@@ -36,7 +37,13 @@ WindowPriority::WindowPriority(QWidget* favouredWindow)
 bool WindowPriority::isInsideWindow(QObject* watched) const
 {
     const auto* widget = qobject_cast<QWidget*>(watched);
-    return widget != nullptr && widget != window && widget->window() == window;
+    if (widget == nullptr || widget == window)
+        return false;
+    const QWidget* top = widget->window();
+    // A floating dock is a window of its own, but what it shows is still part of ours.
+    const bool inFloatingDock =
+        qobject_cast<const QDockWidget*>(top) != nullptr && top->parentWidget() == window;
+    return top == window || inFloatingDock;
 }
 
 bool WindowPriority::eventFilter(QObject* watched, QEvent* event)
@@ -55,7 +62,7 @@ bool WindowPriority::eventFilter(QObject* watched, QEvent* event)
         const auto& drop = *static_cast<QDropEvent*>(event);
         if (!isInsideWindow(watched) || droppedJsonFile(drop.mimeData()).isEmpty())
             return false;
-        event->ignore();
+        static_cast<QObject*>(window)->event(event);
         return true;
     }
     default:
