@@ -98,6 +98,7 @@ private:
     void saveSpectrum();
 
     // Structure image
+    void setStructureImage(const QVariant& image);
     void showImage();
     void showImageMenu(const QPoint& position);
     void clearImage();

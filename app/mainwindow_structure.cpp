@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
+#include <QScopeGuard>
 
 void MainWindow::onButtonDownloadClicked()
 {
@@ -25,23 +26,35 @@ void MainWindow::onButtonDownloadClicked()
         return;
     }
     const QString digits = casNumber.remove(QLatin1Char('-'));
-    networkManager->get(QNetworkRequest(structureImageUrl(digits)));
+    QNetworkReply* reply = networkManager->get(QNetworkRequest(structureImageUrl(digits)));
+    // No structure drawing is that large; an answer that never ends would fill the memory.
+    constexpr qint64 mostBytes = 32 * 1024 * 1024;
+    connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
+        if (received > mostBytes)
+            reply->abort();
+    });
 }
 
 void MainWindow::onImageDownloaded(QNetworkReply* reply)
 {
-    reply->deleteLater();
+    const auto release = qScopeGuard([reply] { reply->deleteLater(); });
     if (reply->error() != QNetworkReply::NoError) {
         Messages::critical(this, tr("Download Failed"), tr("Failed to download the image."));
         return;
     }
-    const QImage image = StructurePicture::decode(reply->readAll());
-    if (image.isNull()) {
+    // Through a pixmap, so that the record holds the picture in the screen's own pixel format.
+    const QPixmap picture = QPixmap::fromImage(StructurePicture::decode(reply->readAll()));
+    if (picture.isNull()) {
         Messages::critical(this, tr("Image Error"), tr("Failed to load the image data."));
         return;
     }
-    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage),
-                          QVariant::fromValue(image), Qt::EditRole);
+    setStructureImage(QVariant::fromValue(picture.toImage()));
+}
+
+void MainWindow::setStructureImage(const QVariant& image)
+{
+    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage), image,
+                          Qt::EditRole);
 }
 
 void MainWindow::showImage()
@@ -69,8 +82,7 @@ void MainWindow::showImageMenu(const QPoint& position)
 
 void MainWindow::clearImage()
 {
-    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage), QVariant(),
-                          Qt::EditRole);
+    setStructureImage(QVariant());
 }
 
 void MainWindow::pasteImageFromClipboard()
@@ -80,6 +92,5 @@ void MainWindow::pasteImageFromClipboard()
         Messages::warning(this, tr("No Image"), tr("The clipboard does not contain an image."));
         return;
     }
-    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage),
-                          QVariant::fromValue(image), Qt::EditRole);
+    setStructureImage(QVariant::fromValue(image));
 }
