@@ -65,3 +65,7 @@ if(KORVELA_SANITIZE)
     )
     target_link_options(korvela_options INTERFACE -fsanitize=address,undefined)
 endif()
+
+if(KORVELA_FUZZ)
+    target_compile_options(korvela_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Species files compiled into a database: every entry is its file without "Type".
+
+#include "database/databaseassembly.h"
+
+#include "fuzz/fuzztarget.h"
+#include "species/speciesfile.h"
+
+#include <QJsonDocument>
+
+#include <utility>
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    QList<QJsonObject> files;
+    const QList<QByteArray> documents = Fuzz::bytes(data, size).split('\0');
+    for (const QByteArray& document : documents) {
+        const QJsonObject file = QJsonDocument::fromJson(document).object();
+        if (SpeciesFile::isSpecies(file))
+            files.append(file);
+    }
+    const DatabaseAssembly::Header header{QStringLiteral("1.0"), QStringLiteral("3.0"),
+                                          QStringLiteral("Title"), QDate(2026, 1, 2)};
+    const QByteArray text =
+        QJsonDocument(DatabaseAssembly::assemble(header, files)).toJson(QJsonDocument::Compact);
+
+    const QJsonObject database = QJsonDocument::fromJson(text).object();
+    Fuzz::require(database.size() == files.size() + 2, "one entry a file, a header and a type");
+    int number = 1;
+    for (QJsonObject file : std::as_const(files)) {
+        file.remove(QLatin1String("Type"));
+        Fuzz::require(database.value(QStringLiteral("Entry%1").arg(number++)).toObject() == file,
+                      "an entry is its file without the type");
+    }
+    return 0;
+}
