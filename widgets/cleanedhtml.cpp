@@ -49,64 +49,58 @@ bool canFollowTagOpening(QChar c)
            c == QLatin1Char('?');
 }
 
-/// Keeps count of the open elements of a text and says which tags would nest them too deeply.
-class NestingGuard
+/// Says which tags of a text may reach the HTML reader, whose time grows exponentially with nested
+/// table parts and quadratically with everything else that is left open. It only counts: any
+/// attempt to follow the nesting would have to guess right what the reader takes for a closing tag.
+class TagBudget
 {
 public:
     /// Whether the tag between "<" and ">" (both excluded) may stay.
     bool admits(QStringView tag)
     {
         const bool closing = tag.startsWith(QLatin1Char('/'));
-        const QString name = nameOf(closing ? tag.mid(1) : tag);
-        if (name.isEmpty() || isOneOf(name, voidElements))
+        const QStringView rest = closing ? tag.sliced(1) : tag;
+        const auto nameEnd = std::find_if(
+            rest.begin(), rest.end(), [](QChar c) { return c.isSpace() || c == QLatin1Char('/'); });
+        const QString name = rest.first(nameEnd - rest.begin()).toString().toLower();
+        // The reader expands entities in names; no element is called by such a name.
+        if (name.contains(QLatin1Char('&')))
+            return false;
+        if (name == QLatin1String("sub"))
+            return changeDepth(subscriptDepth, closing);
+        if (name == QLatin1String("sup"))
+            return changeDepth(superscriptDepth, closing);
+        if (closing || name == QLatin1String("br"))
             return true;
-        return closing ? admitsClosing(name) : admitsOpening(name);
+        return isTablePart(name) ? tableParts-- > 0 : others-- > 0;
     }
 
 private:
-    static constexpr qsizetype maxDepth = 64;
-    static constexpr qsizetype maxTableDepth = 4;
-    static constexpr std::array voidElements{QLatin1String("br"), QLatin1String("hr"),
-                                             QLatin1String("img"), QLatin1String("meta")};
-    /// Elements whose closing tag HTML lets people leave out before the next one.
-    static constexpr std::array selfEndingElements{QLatin1String("p"), QLatin1String("li"),
-                                                   QLatin1String("tr"), QLatin1String("td"),
-                                                   QLatin1String("th")};
-
-    template <std::size_t Size>
-    static bool isOneOf(const QString& name, const std::array<QLatin1String, Size>& names)
+    static bool isTablePart(const QString& name)
     {
-        return std::find(names.begin(), names.end(), name) != names.end();
+        static constexpr std::array parts{QLatin1String("table"), QLatin1String("tr"),
+                                          QLatin1String("td"),    QLatin1String("th"),
+                                          QLatin1String("tbody"), QLatin1String("thead"),
+                                          QLatin1String("tfoot"), QLatin1String("caption")};
+        return std::find(parts.begin(), parts.end(), name) != parts.end();
     }
 
-    static QString nameOf(QStringView tag)
+    static bool changeDepth(int& depth, bool closing)
     {
-        const auto end =
-            std::find_if_not(tag.begin(), tag.end(), [](QChar c) { return c.isLetterOrNumber(); });
-        return tag.first(end - tag.begin()).toString().toLower();
-    }
-
-    bool admitsOpening(const QString& name)
-    {
-        if (!open.isEmpty() && open.constLast() == name && isOneOf(name, selfEndingElements))
-            return true;
-        const bool tooDeep = open.size() >= maxDepth ||
-                             (name == QLatin1String("table") && open.count(name) >= maxTableDepth);
-        if (!tooDeep)
-            open.append(name);
-        return !tooDeep;
-    }
-
-    bool admitsClosing(const QString& name)
-    {
-        const qsizetype opening = open.lastIndexOf(name);
-        if (opening < 0)
+        constexpr int deepest = 64;
+        if (closing)
+            depth = std::max(0, depth - 1);
+        else if (depth >= deepest)
             return false;
-        open.resize(opening);
+        else
+            ++depth;
         return true;
     }
 
-    QStringList open;
+    int subscriptDepth = 0;
+    int superscriptDepth = 0;
+    int tableParts = 24;
+    int others = 1000;
 };
 
 } // namespace
@@ -138,7 +132,7 @@ QString forHtmlReader(const QString& html)
     QString prepared;
     prepared.reserve(html.size());
     const qsizetype lastTagEnd = html.lastIndexOf(QLatin1Char('>'));
-    NestingGuard nesting;
+    TagBudget budget;
 
     qsizetype position = 0;
     while (position < html.size()) {
@@ -152,7 +146,7 @@ QString forHtmlReader(const QString& html)
         } else {
             const qsizetype end = html.indexOf(QLatin1Char('>'), position);
             const QStringView tag = QStringView(html).sliced(position, end + 1 - position);
-            if (nesting.admits(tag.sliced(1, tag.size() - 2)))
+            if (budget.admits(tag.sliced(1, tag.size() - 2)))
                 prepared += tag;
             position = end + 1;
         }
