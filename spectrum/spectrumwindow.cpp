@@ -19,11 +19,23 @@
 #include <array>
 #include <utility>
 
+namespace {
+
+void setDocumentModified(QObject* owner)
+{
+    // Asked anew each time: an owner that is being destroyed is no document any more, while fields
+    // that lose the focus to its end still write to their models.
+    if (auto* document = qobject_cast<ModifiableDocument*>(owner))
+        document->setModified();
+}
+
+} // namespace
+
 SpectrumWindow::SpectrumWindow(QWidget* parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::SpectrumWindow>())
     , mapper(new QDataWidgetMapper(this))
-    , speciesDocument(qobject_cast<ModifiableDocument*>(parent))
+    , documentOwner(parent)
 {
     ui->setupUi(this);
     fillMappingTable();
@@ -80,10 +92,10 @@ void SpectrumWindow::fillMappingTable()
 
 void SpectrumWindow::connectSignals()
 {
-    if (speciesDocument != nullptr) {
-        const auto setModified = [document = speciesDocument] { document->setModified(); };
-        connect(spectrumModel, &SpectrumModel::dataChanged, parent(), setModified);
-        connect(ui->textEditSpect, &QPlainTextEdit::textChanged, parent(), setModified);
+    if (qobject_cast<ModifiableDocument*>(documentOwner) != nullptr) {
+        const auto setModified = [owner = documentOwner] { setDocumentModified(owner); };
+        connect(spectrumModel, &SpectrumModel::dataChanged, documentOwner, setModified);
+        connect(ui->textEditSpect, &QPlainTextEdit::textChanged, documentOwner, setModified);
     }
     connect(ui->lineEditTitle, &QTextEdit::textChanged, this, &SpectrumWindow::updateWindowTitle);
     connect(ui->comboBoxType, &QComboBox::currentIndexChanged, this,
@@ -237,7 +249,6 @@ void SpectrumWindow::updateChart()
 void SpectrumWindow::closeEvent(QCloseEvent* event)
 {
     // Closing discards the dataset, whichever button did it.
-    if (speciesDocument != nullptr)
-        speciesDocument->setModified();
+    setDocumentModified(documentOwner);
     QWidget::closeEvent(event);
 }

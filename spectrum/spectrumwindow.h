@@ -4,11 +4,11 @@
 #pragma once
 
 #include <QList>
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
 
-class ModifiableDocument;
 class QDataWidgetMapper;
 class QJsonObject;
 class SpectrumModel;
@@ -67,7 +67,7 @@ private:
     std::unique_ptr<Ui::SpectrumWindow> ui;
     SpectrumModel* spectrumModel = nullptr;
     QDataWidgetMapper* mapper;
-    ModifiableDocument* speciesDocument;
+    QPointer<QObject> documentOwner; ///< The parent at construction.
     bool typeSwitchInProgress = false;
     QList<MappingEntry> mappingTable;
 };

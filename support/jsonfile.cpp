@@ -4,7 +4,39 @@
 #include "support/jsonfile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
+
+namespace {
+
+using JsonFile::WriteResult;
+
+/// For devices and pipes, which must not be replaced by a file.
+WriteResult writeInPlace(const QString& path, const QByteArray& bytes)
+{
+    QFile device(path);
+    if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return WriteResult::NotOpened;
+    return device.write(bytes) == bytes.size() ? WriteResult::Written : WriteResult::NotWritten;
+}
+
+WriteResult writeWhole(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    if (!file.open(QIODevice::WriteOnly))
+        return WriteResult::NotOpened;
+
+    // On a full disk a large write() is cut short without an error and commit() would then replace
+    // the good file by a torn one; written in place, commit() even succeeds. So the bytes are
+    // counted.
+    const bool complete = file.write(bytes) == bytes.size() && file.flush();
+    if (!complete)
+        file.cancelWriting();
+    return file.commit() && complete ? WriteResult::Written : WriteResult::NotWritten;
+}
+
+} // namespace
 
 namespace JsonFile {
 
@@ -27,16 +59,9 @@ WriteResult write(const QString& path, const QJsonObject& object, QJsonDocument:
 {
     const QByteArray bytes = QJsonDocument(object).toJson(format);
 
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        return WriteResult::NotOpened;
-
-    // On a full disk a large write() is cut short without an error and commit() would then replace
-    // the good file by a torn one, so the count decides.
-    if (file.write(bytes) != bytes.size())
-        file.cancelWriting();
-    return file.commit() ? WriteResult::Written : WriteResult::NotWritten;
+    const QFileInfo target(path);
+    const bool isDevice = target.exists() && !target.isFile() && !target.isDir();
+    return isDevice ? writeInPlace(path, bytes) : writeWhole(path, bytes);
 }
 
 } // namespace JsonFile
