@@ -42,6 +42,11 @@ MainWindow::~MainWindow()
     delete ui->mdiArea;
 }
 
+QString MainWindow::jsonFileFilter()
+{
+    return tr("JSON Files (*.json);;All Files (*)");
+}
+
 void MainWindow::fitForm()
 {
     // The form needs a third of the width, the spectra the rest; size hints alone would halve it.
@@ -52,8 +57,8 @@ void MainWindow::fitForm()
     // columns.
     const int energyWidth =
         fontMetrics().horizontalAdvance(QStringLiteral("99.99999 \u00b1 0.00009"));
-    ui->lineEditAIE->setFixedWidth(energyWidth);
-    ui->lineEditVIE->setFixedWidth(energyWidth);
+    ui->lineEditAIE->setMaximumWidth(energyWidth);
+    ui->lineEditVIE->setMaximumWidth(energyWidth);
     const int gap = ui->horizontalLayout_2->spacing();
     ui->horizontalLayout_4->setSpacing(energyWidth - ui->label_11->maximumWidth() + gap);
 }

@@ -14,6 +14,7 @@
 class CreateDatabase;
 class QDataWidgetMapper;
 class QDir;
+class QJsonObject;
 class QNetworkAccessManager;
 class QNetworkReply;
 class SpeciesModel;
@@ -78,9 +79,12 @@ private:
     void openSpecies();
     void saveSpecies();
     void saveSpeciesAs();
+    /// Adds the content of the file to the cleaned document; false after a message when it cannot.
     bool loadSpeciesFile(const QString& path);
+    void showSpecies(const QJsonObject& file);
+    /// Writes the document to the current file.
     void saveSpeciesFile();
-    [[nodiscard]] static bool isSpeciesFile(const QString& path);
+    [[nodiscard]] static QString jsonFileFilter();
 
     // Folder stepping
     enum class Direction { Previous = -1, First = 0, Next = 1 };
@@ -116,5 +120,5 @@ private:
     CreateDatabase* createDatabase = nullptr;
     QString currentFile; ///< Full path; empty while the document is untitled.
     bool isModified = false;
-    QStringList recentList;
+    QStringList recentList; ///< Part of the window's state by design; nothing reads it yet.
 };

@@ -14,6 +14,7 @@
 #include "support/messages.h"
 #include "ui_mainwindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDataWidgetMapper>
 #include <QFileDialog>
@@ -21,15 +22,6 @@
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QScopeGuard>
-
-namespace {
-
-QString speciesFileFilter()
-{
-    return MainWindow::tr("JSON Files (*.json);;All Files (*)");
-}
-
-} // namespace
 
 void MainWindow::setModified()
 {
@@ -79,7 +71,7 @@ void MainWindow::cleanUp()
 void MainWindow::openSpecies()
 {
     const QString path = QFileDialog::getOpenFileName(this, tr("Open Species JSON File"),
-                                                      LastOpenFolder::path(), speciesFileFilter());
+                                                      LastOpenFolder::path(), jsonFileFilter());
     if (!path.isEmpty())
         loadSpecies(path);
 }
@@ -92,7 +84,8 @@ bool MainWindow::loadSpecies(const QString& path)
         Messages::warning(this, tr("File Not Found"), tr("The file %1 does not exist.").arg(path));
         return false;
     }
-    if (!isSpeciesFile(path)) {
+    const JsonFile::ReadResult file = JsonFile::read(path);
+    if (!file.parsed || !SpeciesFile::isSpecies(file.object)) {
         Messages::warning(this, tr("Invalid Species File"),
                           tr("The file %1 is not a valid species file.").arg(path));
         return false;
@@ -100,10 +93,7 @@ bool MainWindow::loadSpecies(const QString& path)
 
     isModified = false;
     cleanUp();
-    if (!loadSpeciesFile(path)) {
-        currentFile.clear();
-        return false;
-    }
+    showSpecies(file.object);
     currentFile = path;
     setModified(false);
     LastOpenFolder::rememberFolderOf(path);
@@ -121,18 +111,13 @@ void MainWindow::saveSpecies()
 void MainWindow::saveSpeciesAs()
 {
     const QString start = currentFile.isEmpty() ? LastOpenFolder::path() : currentFile;
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save Species JSON File"), start,
-                                                      speciesFileFilter());
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save Species JSON File"), start, jsonFileFilter());
     if (path.isEmpty())
         return;
     currentFile = path;
     LastOpenFolder::rememberFolderOf(path);
     saveSpeciesFile();
-}
-
-bool MainWindow::isSpeciesFile(const QString& path)
-{
-    return SpeciesFile::isSpeciesFile(path);
 }
 
 bool MainWindow::loadSpeciesFile(const QString& path)
@@ -146,18 +131,22 @@ bool MainWindow::loadSpeciesFile(const QString& path)
         Messages::critical(this, tr("Error"), tr("Species not found in JSON file. Load aborted."));
         return false;
     }
+    showSpecies(file.object);
+    return true;
+}
 
+void MainWindow::showSpecies(const QJsonObject& file)
+{
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
-    speciesModel->fromJson(SpeciesFile::species(file.object));
-    const QList<QJsonObject> datasets = SpeciesFile::datasets(file.object);
+    speciesModel->fromJson(SpeciesFile::species(file));
+    const QList<QJsonObject> datasets = SpeciesFile::datasets(file);
     for (const QJsonObject& dataset : datasets)
         addSpectrumWindow(new SpectrumWindow(dataset, this));
 
     const QList<QMdiSubWindow*> subWindows = ui->mdiArea->subWindowList(QMdiArea::CreationOrder);
     if (!subWindows.isEmpty())
         ui->mdiArea->setActiveSubWindow(subWindows.constFirst());
-    return true;
 }
 
 void MainWindow::saveSpeciesFile()
@@ -187,7 +176,10 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 void MainWindow::dropEvent(QDropEvent* event)
 {
     const QString path = droppedJsonFile(event->mimeData());
-    if (path.isEmpty() || !askToSave())
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    if (!askToSave())
         return;
 
     // Unlike opening, a drop goes ahead without looking at the file first.

@@ -5,11 +5,13 @@
 
 #include "app/mainwindow.h"
 #include "species/fileorder.h"
+#include "species/speciesfile.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 void MainWindow::selectSpeciesFolder()
 {
@@ -70,7 +72,7 @@ bool MainWindow::loadFirstSpeciesFile(const QDir& folder, const QStringList& fil
 {
     for (const QString& fileName : fileNames) {
         const QString path = folder.absoluteFilePath(fileName);
-        if (isSpeciesFile(path))
+        if (SpeciesFile::isSpeciesFile(path))
             return loadSpecies(path);
     }
     Messages::information(this, tr("No Species Files"),
@@ -88,7 +90,7 @@ bool MainWindow::loadNeighbour(const QDir& folder, const QStringList& fileNames,
     };
     for (qsizetype index = neighbour(start); index != start; index = neighbour(index)) {
         const QString path = folder.absoluteFilePath(fileNames.at(index));
-        if (isSpeciesFile(path))
+        if (SpeciesFile::isSpeciesFile(path))
             return loadSpecies(path);
     }
     Messages::information(this, tr("No Other Species Files"),

@@ -16,6 +16,7 @@
 #include <QFileDialog>
 #include <QJsonDocument>
 #include <QMdiSubWindow>
+#include <QPointer>
 
 void MainWindow::addSpectrumWindow(SpectrumWindow* window)
 {
@@ -75,9 +76,8 @@ void MainWindow::pasteSpectrum()
 void MainWindow::openSpectrum()
 {
     // A cancelled dialog answers with an empty path, which goes on to the message on purpose.
-    const QString path =
-        QFileDialog::getOpenFileName(this, tr("Open Spectrum JSON File"), LastOpenFolder::path(),
-                                     tr("JSON Files (*.json);;All Files (*)"));
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Spectrum JSON File"),
+                                                      LastOpenFolder::path(), jsonFileFilter());
     const JsonFile::ReadResult file = JsonFile::read(path);
     if (!file.opened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
@@ -93,15 +93,14 @@ void MainWindow::openSpectrum()
 
 void MainWindow::saveSpectrum()
 {
-    const SpectrumWindow* spectrum = activeSpectrum();
-    if (spectrum == nullptr) {
+    const QPointer<SpectrumWindow> spectrum = activeSpectrum();
+    if (spectrum.isNull()) {
         Messages::warning(this, tr("Error"), tr("No active spectrum window to save."));
         return;
     }
-    const QString path =
-        QFileDialog::getSaveFileName(this, QStringLiteral("Save Spectrum"), LastOpenFolder::path(),
-                                     tr("JSON Files (*.json);;All Files (*)"));
-    if (path.isEmpty())
+    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save Spectrum"),
+                                                      LastOpenFolder::path(), jsonFileFilter());
+    if (path.isEmpty() || spectrum.isNull())
         return;
     const QJsonObject container = SpectrumContainer::wrap(spectrum->model()->toJson());
     if (JsonFile::write(path, container, QJsonDocument::Indented) ==

@@ -3,18 +3,14 @@
 
 #include "database/databaseassembly.h"
 
-namespace {
-
-constexpr QLatin1String typeKey("Type");
-
-} // namespace
+#include "support/jsonfile.h"
 
 namespace DatabaseAssembly {
 
 QJsonObject assemble(const Header& header, const QList<QJsonObject>& speciesFiles)
 {
     QJsonObject database{
-        {typeKey, QStringLiteral("Database v1")},
+        {JsonFile::typeKey, QStringLiteral("Database v1")},
         {QStringLiteral("Header"),
          QJsonObject{{QStringLiteral("Version"), header.version},
                      {QStringLiteral("Database"), header.release},
@@ -23,7 +19,7 @@ QJsonObject assemble(const Header& header, const QList<QJsonObject>& speciesFile
     };
     int number = 1;
     for (QJsonObject entry : speciesFiles) {
-        entry.remove(typeKey);
+        entry.remove(JsonFile::typeKey);
         database.insert(QStringLiteral("Entry%1").arg(number++), entry);
     }
     return database;

@@ -32,7 +32,9 @@ void startApplication()
         return true;
     }();
     Q_UNUSED(prepared)
-    static const QApplication application(argumentCount, arguments);
+    // Never destroyed: libFuzzer ends by exit(), when half of the toolkit is gone already.
+    static const auto* application = new QApplication(argumentCount, arguments);
+    Q_UNUSED(application)
 }
 
 QByteArray bytes(const std::uint8_t* data, std::size_t size)

@@ -52,7 +52,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Fuzz::startApplication();
     static const QTemporaryDir folder;
-    // Never destroyed: at exit the toolkit's own statics go first.
+    // Never destroyed, like the application.
     static MainWindow& window = *new MainWindow;
     window.show();
 

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr QLatin1String typeKey("Type");
 constexpr QLatin1String speciesType("Species v1");
 constexpr QLatin1String speciesKey("Species");
 
@@ -20,7 +19,7 @@ namespace SpeciesFile {
 
 bool isSpecies(const QJsonObject& file)
 {
-    return file.value(typeKey).toString() == speciesType;
+    return JsonFile::isOfType(file, speciesType);
 }
 
 bool isSpeciesFile(const QString& path)
@@ -47,7 +46,7 @@ QList<QJsonObject> datasets(const QJsonObject& file)
 
 QJsonObject assemble(const QJsonObject& species, const QList<QJsonObject>& datasets)
 {
-    QJsonObject file{{typeKey, QString(speciesType)}, {speciesKey, species}};
+    QJsonObject file{{JsonFile::typeKey, QString(speciesType)}, {speciesKey, species}};
     int number = 1;
     for (const QJsonObject& dataset : datasets)
         file.insert(QStringLiteral("Dataset%1").arg(number++), dataset);

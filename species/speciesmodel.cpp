@@ -10,28 +10,49 @@
 
 namespace {
 
-struct TextField
+enum class Kind { Text, Lines, Number };
+
+struct Field
 {
     SpeciesModel::Column column;
     QLatin1String key;
+    Kind kind;
 };
 
-constexpr QLatin1String massKey("Mass");
-constexpr QLatin1String aliasesKey("Aliases");
 constexpr QLatin1String imageKey("StructuralFormula");
 
-constexpr std::array<TextField, 10> textFields{{
-    {SpeciesModel::Name, QLatin1String("Name")},
-    {SpeciesModel::Aliases, aliasesKey},
-    {SpeciesModel::Formula, QLatin1String("Formula")},
-    {SpeciesModel::InChI, QLatin1String("InChI")},
-    {SpeciesModel::Cas, QLatin1String("CAS")},
-    {SpeciesModel::PubChem, QLatin1String("PubChem")},
-    {SpeciesModel::Aie, QLatin1String("AIE")},
-    {SpeciesModel::Vie, QLatin1String("VIE")},
-    {SpeciesModel::AieComment, QLatin1String("AIE_Comment")},
-    {SpeciesModel::VieComment, QLatin1String("VIE_Comment")},
+constexpr std::array<Field, 11> fields{{
+    {SpeciesModel::Name, QLatin1String("Name"), Kind::Text},
+    {SpeciesModel::Aliases, QLatin1String("Aliases"), Kind::Lines},
+    {SpeciesModel::Mass, QLatin1String("Mass"), Kind::Number},
+    {SpeciesModel::Formula, QLatin1String("Formula"), Kind::Text},
+    {SpeciesModel::InChI, QLatin1String("InChI"), Kind::Text},
+    {SpeciesModel::Cas, QLatin1String("CAS"), Kind::Text},
+    {SpeciesModel::PubChem, QLatin1String("PubChem"), Kind::Text},
+    {SpeciesModel::Aie, QLatin1String("AIE"), Kind::Text},
+    {SpeciesModel::Vie, QLatin1String("VIE"), Kind::Text},
+    {SpeciesModel::AieComment, QLatin1String("AIE_Comment"), Kind::Text},
+    {SpeciesModel::VieComment, QLatin1String("VIE_Comment"), Kind::Text},
 }};
+
+QJsonValue toJsonValue(const QVariant& cell, Kind kind)
+{
+    if (kind == Kind::Number)
+        return cell.toDouble();
+    return CleanedHtml::withoutForeignTags(cell.toString());
+}
+
+QVariant fromJsonValue(const QJsonValue& value, Kind kind)
+{
+    if (kind == Kind::Number)
+        return value.toDouble();
+    QString text = value.toString();
+    if (kind == Kind::Lines) {
+        text.replace(QLatin1String("\r\n"), QLatin1String("<br>"));
+        text.replace(QLatin1Char('\n'), QLatin1String("<br>"));
+    }
+    return text;
+}
 
 } // namespace
 
@@ -69,12 +90,10 @@ QImage SpeciesModel::image() const
 QJsonObject SpeciesModel::toJson() const
 {
     QJsonObject species;
-    for (const TextField& field : textFields) {
-        const QString text = data(index(0, field.column), Qt::DisplayRole).toString();
-        species.insert(field.key, CleanedHtml::withoutForeignTags(text));
+    for (const Field& field : fields) {
+        const QVariant cell = data(index(0, field.column), Qt::DisplayRole);
+        species.insert(field.key, toJsonValue(cell, field.kind));
     }
-    species.insert(massKey, data(index(0, Mass), Qt::DisplayRole).toDouble());
-
     const QVariant picture = data(index(0, StructureImage), Qt::DisplayRole);
     if (picture.canConvert<QImage>())
         species.insert(imageKey, StructurePicture::toBase64Png(picture.value<QImage>()));
@@ -83,16 +102,10 @@ QJsonObject SpeciesModel::toJson() const
 
 void SpeciesModel::fromJson(const QJsonObject& species)
 {
-    for (const TextField& field : textFields) {
-        QString text = species.value(field.key).toString();
-        if (field.column == Aliases) {
-            text.replace(QLatin1String("\r\n"), QLatin1String("<br>"));
-            text.replace(QLatin1Char('\n'), QLatin1String("<br>"));
-        }
-        setData(index(0, field.column), text, Qt::EditRole);
+    for (const Field& field : fields) {
+        setData(index(0, field.column), fromJsonValue(species.value(field.key), field.kind),
+                Qt::EditRole);
     }
-    setData(index(0, Mass), species.value(massKey).toDouble(), Qt::EditRole);
-
     const QImage image = StructurePicture::fromBase64(species.value(imageKey).toString());
     setData(index(0, StructureImage), image.isNull() ? QVariant() : QVariant::fromValue(image),
             Qt::EditRole);

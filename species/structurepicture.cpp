@@ -30,9 +30,11 @@ QImage decode(const QByteArray& bytes)
     QBuffer buffer(&data);
     buffer.open(QIODevice::ReadOnly);
     const QByteArray format = QImageReader(&buffer).format();
-    if (format.startsWith("svg"))
-        return QImage::fromData(VectorDrawing::selfContained(bytes));
-    return QImage::fromData(bytes);
+    if (!format.startsWith("svg"))
+        return QImage::fromData(bytes);
+
+    const auto pixelsOf = [](const QString& base64) { return toBase64Png(fromBase64(base64)); };
+    return QImage::fromData(VectorDrawing::selfContained(bytes, pixelsOf));
 }
 
 } // namespace StructurePicture

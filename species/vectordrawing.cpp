@@ -3,18 +3,20 @@
 
 #include "species/vectordrawing.h"
 
-#include "species/structurepicture.h"
-
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#ifdef KORVELA_HAS_ZLIB
 #include <array>
 #include <zlib.h>
+#endif
 
 namespace {
 
 /// A drawing of this many bytes is no structural formula; it would only fill the memory.
 constexpr qsizetype maxDrawingSize = 16 * 1024 * 1024;
+
+#ifdef KORVELA_HAS_ZLIB
 
 QByteArray uncompressed(const QByteArray& gzip)
 {
@@ -40,26 +42,33 @@ QByteArray uncompressed(const QByteArray& gzip)
     return status == Z_STREAM_END ? output : QByteArray();
 }
 
+#else
+
+QByteArray uncompressed(const QByteArray& /*gzip*/)
+{
+    return {};
+}
+
+#endif
+
 /// The reference as it may stand in a self-contained drawing; empty when it must not.
-QString harmlessReference(const QString& reference)
+QString harmlessReference(const QString& reference, const VectorDrawing::PixelsOf& pixelsOf)
 {
     if (reference.startsWith(QLatin1Char('#')))
         return reference;
     if (!reference.startsWith(QLatin1String("data:"), Qt::CaseInsensitive))
         return {};
 
-    // An embedded picture may be a drawing with references of its own, so it goes through the same
-    // sieve and comes out as pixels.
     const QLatin1String base64Mark("base64,");
     const qsizetype mark = reference.indexOf(base64Mark);
     if (mark < 0)
         return {};
-    const QString pixels = StructurePicture::toBase64Png(
-        StructurePicture::fromBase64(reference.mid(mark + base64Mark.size())));
+    const QString pixels = pixelsOf(reference.mid(mark + base64Mark.size()));
     return pixels.isEmpty() ? QString() : QString(QLatin1String("data:image/png;base64,") + pixels);
 }
 
-void copyStartElement(const QXmlStreamReader& reader, QXmlStreamWriter& writer)
+void copyStartElement(const QXmlStreamReader& reader, QXmlStreamWriter& writer,
+                      const VectorDrawing::PixelsOf& pixelsOf)
 {
     writer.writeStartElement(reader.qualifiedName().toString());
     const QXmlStreamAttributes attributes = reader.attributes();
@@ -68,7 +77,7 @@ void copyStartElement(const QXmlStreamReader& reader, QXmlStreamWriter& writer)
         QString value = attribute.value().toString();
         const QString localName = name.section(QLatin1Char(':'), -1);
         if (localName.compare(QLatin1String("href"), Qt::CaseInsensitive) == 0) {
-            value = harmlessReference(value);
+            value = harmlessReference(value, pixelsOf);
             if (value.isEmpty())
                 continue;
         }
@@ -80,7 +89,7 @@ void copyStartElement(const QXmlStreamReader& reader, QXmlStreamWriter& writer)
 
 namespace VectorDrawing {
 
-QByteArray selfContained(const QByteArray& drawing)
+QByteArray selfContained(const QByteArray& drawing, const PixelsOf& pixelsOf)
 {
     const bool compressed = drawing.startsWith("\x1f\x8b");
     const QByteArray source = compressed ? uncompressed(drawing) : drawing;
@@ -94,7 +103,7 @@ QByteArray selfContained(const QByteArray& drawing)
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
-            copyStartElement(reader, writer);
+            copyStartElement(reader, writer, pixelsOf);
             break;
         case QXmlStreamReader::EndElement:
             writer.writeEndElement();

@@ -5,13 +5,20 @@
 
 #include <QByteArray>
 
+#include <functional>
+
 /// SVG drawings from elsewhere.
 namespace VectorDrawing {
 
+/// Turns a picture file in base64, which may be a drawing in its turn, into a PNG file in base64;
+/// empty when it is no picture.
+using PixelsOf = std::function<QString(const QString& base64)>;
+
 /// The drawing without anything that names another file or address: processing instructions, the
 /// document type with its entities (expanded first), and every reference that neither points into
-/// the drawing nor carries a picture itself. Compressed drawings (svgz) are accepted. Empty when
-/// @p drawing is not well-formed.
-[[nodiscard]] QByteArray selfContained(const QByteArray& drawing);
+/// the drawing nor carries a picture itself. Carried pictures are replaced by what @p pixelsOf
+/// makes of them. Compressed drawings (svgz) are accepted. Empty when @p drawing is not
+/// well-formed.
+[[nodiscard]] QByteArray selfContained(const QByteArray& drawing, const PixelsOf& pixelsOf);
 
 } // namespace VectorDrawing

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include <array>
+#include <cfloat>
 #include <cstdint>
 
 namespace {
@@ -170,8 +171,13 @@ QList<QPointF> parse(const QStringList& lines)
 
 std::optional<QPointF> parseLine(QStringView line)
 {
-    const std::optional<QPointF> point = parsePlainLine(line);
-    return point ? point : parseLineByExpression(line.toString());
+    // Where sums are kept with more digits than a double has (x87), one operation rounds twice.
+    constexpr bool operationsAreExact = FLT_EVAL_METHOD == 0;
+    if constexpr (operationsAreExact) {
+        if (const std::optional<QPointF> point = parsePlainLine(line))
+            return point;
+    }
+    return parseLineByExpression(line.toString());
 }
 
 std::optional<QPointF> parseLineByExpression(const QString& line)

@@ -3,9 +3,10 @@
 
 #include "spectrum/spectrumcontainer.h"
 
+#include "support/jsonfile.h"
+
 namespace {
 
-constexpr QLatin1String typeKey("Type");
 constexpr QLatin1String spectrumType("Spectrum v1");
 
 } // namespace
@@ -14,13 +15,13 @@ namespace SpectrumContainer {
 
 QJsonObject wrap(QJsonObject record)
 {
-    record.insert(typeKey, QString(spectrumType));
+    record.insert(JsonFile::typeKey, QString(spectrumType));
     return record;
 }
 
 bool isSpectrum(const QJsonObject& container)
 {
-    return container.value(typeKey).toString() == spectrumType;
+    return JsonFile::isOfType(container, spectrumType);
 }
 
 } // namespace SpectrumContainer

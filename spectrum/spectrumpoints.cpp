@@ -26,6 +26,22 @@ std::optional<int> lastGridIndex(double firstEnergy, double lastEnergy)
     return static_cast<int>(quotient);
 }
 
+std::optional<SpectrumPoints::Range> rangeOf(const QList<QPointF>& points,
+                                             double (QPointF::*coordinate)() const)
+{
+    std::optional<SpectrumPoints::Range> range;
+    for (const QPointF& point : points) {
+        const double value = (point.*coordinate)();
+        if (!std::isfinite(value))
+            continue;
+        if (!range)
+            range = SpectrumPoints::Range{value, value};
+        range->lowest = std::min(range->lowest, value);
+        range->highest = std::max(range->highest, value);
+    }
+    return range;
+}
+
 double interpolated(const QPointF& from, const QPointF& to, double energy)
 {
     return (to.y() - from.y()) * ((energy - from.x()) / (to.x() - from.x())) + from.y();
@@ -97,18 +113,11 @@ QList<QPointF> sticks(const QList<QPointF>& points)
 
 std::optional<Extent> extent(const QList<QPointF>& points)
 {
-    std::optional<Extent> result;
-    for (const QPointF& point : points) {
-        if (!std::isfinite(point.x()) || !std::isfinite(point.y()))
-            continue;
-        if (!result)
-            result = Extent{point.x(), point.x(), point.y(), point.y()};
-        result->lowestEnergy = std::min(result->lowestEnergy, point.x());
-        result->highestEnergy = std::max(result->highestEnergy, point.x());
-        result->lowestIntensity = std::min(result->lowestIntensity, point.y());
-        result->highestIntensity = std::max(result->highestIntensity, point.y());
-    }
-    return result;
+    const std::optional<Range> energy = rangeOf(points, &QPointF::x);
+    const std::optional<Range> intensity = rangeOf(points, &QPointF::y);
+    if (!energy || !intensity)
+        return {};
+    return Extent{*energy, *intensity};
 }
 
 } // namespace SpectrumPoints

@@ -29,16 +29,20 @@ namespace SpectrumPoints {
 /// last two points the piece along the base line is left out, so the last stick is drawn slanted.
 [[nodiscard]] QList<QPointF> sticks(const QList<QPointF>& points);
 
+struct Range
+{
+    double lowest = 0;
+    double highest = 0;
+};
+
 /// Smallest and largest energy and intensity of the points.
 struct Extent
 {
-    double lowestEnergy = 0;
-    double highestEnergy = 0;
-    double lowestIntensity = 0;
-    double highestIntensity = 0;
+    Range energy;
+    Range intensity;
 };
 
-/// The extent of the points with finite coordinates; empty when there are none.
+/// The extent of the points, as far as their coordinates are finite; empty when there are none.
 [[nodiscard]] std::optional<Extent> extent(const QList<QPointF>& points);
 
 } // namespace SpectrumPoints

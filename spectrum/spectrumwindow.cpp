@@ -16,7 +16,6 @@
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
 
-#include <array>
 #include <utility>
 
 namespace {
@@ -163,28 +162,24 @@ void SpectrumWindow::onSpectrumTypeChanged(int index)
 
 void SpectrumWindow::setCaptions(int type)
 {
-    struct Caption
-    {
-        QLabel* label;
-        const char16_t* simulation;
-        const char16_t* experiment;
-    };
-    const std::array<Caption, 6> captions{{
-        {ui->label_8, u"Level(s) of theory", u"Source"},
-        {ui->label_9, u"Vib. T / K", u"Source T / K"},
-        {ui->label_10, u"Conv. FWHM / meV", u"Resolution / meV"},
-        {ui->label_11, u"0-0 transition / eV", u"Flux normalization"},
-        {ui->labelComments,
-         u"Comments: programs used, approximations, convergence, simulation issues etc.",
-         u"Comments: mass resolution, extraction field, details of spectral treatment, "
-         u"sample / isomeric purity etc."},
-        {ui->labelCitations, u"Further citations (program(s), theory etc.)",
-         u"Further citations (expt., source, light source etc.)"},
-    }};
     const bool simulation = type == SpectrumModel::FcSimulation;
-    for (const Caption& caption : captions)
-        caption.label->setText(
-            QString::fromUtf16(simulation ? caption.simulation : caption.experiment));
+    const auto setCaption = [simulation](QLabel* label, const QString& forSimulation,
+                                         const QString& forExperiment) {
+        label->setText(simulation ? forSimulation : forExperiment);
+    };
+    setCaption(ui->label_8, QStringLiteral("Level(s) of theory"), QStringLiteral("Source"));
+    setCaption(ui->label_9, QStringLiteral("Vib. T / K"), QStringLiteral("Source T / K"));
+    setCaption(ui->label_10, QStringLiteral("Conv. FWHM / meV"),
+               QStringLiteral("Resolution / meV"));
+    setCaption(ui->label_11, QStringLiteral("0-0 transition / eV"),
+               QStringLiteral("Flux normalization"));
+    setCaption(ui->labelComments,
+               QStringLiteral("Comments: programs used, approximations, convergence, "
+                              "simulation issues etc."),
+               QStringLiteral("Comments: mass resolution, extraction field, details of spectral "
+                              "treatment, sample / isomeric purity etc."));
+    setCaption(ui->labelCitations, QStringLiteral("Further citations (program(s), theory etc.)"),
+               QStringLiteral("Further citations (expt., source, light source etc.)"));
 }
 
 void SpectrumWindow::submitLineSpectrum()
@@ -235,8 +230,8 @@ void SpectrumWindow::updateChart()
     QValueAxis* intensityAxis = firstValueAxis(Qt::Vertical);
     const auto extent = SpectrumPoints::extent(points);
     if (energyAxis != nullptr && intensityAxis != nullptr && extent) {
-        energyAxis->setRange(extent->lowestEnergy, extent->highestEnergy);
-        intensityAxis->setRange(extent->lowestIntensity, extent->highestIntensity);
+        energyAxis->setRange(extent->energy.lowest, extent->energy.highest);
+        intensityAxis->setRange(extent->intensity.lowest, extent->intensity.highest);
     }
 
     // Ranges first: every one of these calls draws all points anew, and so the new ones only once.

@@ -11,29 +11,15 @@ namespace {
 
 using JsonFile::WriteResult;
 
-/// For devices and pipes, which must not be replaced by a file.
+/// No entry comes near this size; a file beyond it would only fill the memory.
+constexpr qint64 mostBytes = qint64{1} << 30;
+
 WriteResult writeInPlace(const QString& path, const QByteArray& bytes)
 {
-    QFile device(path);
-    if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return WriteResult::NotOpened;
-    return device.write(bytes) == bytes.size() ? WriteResult::Written : WriteResult::NotWritten;
-}
-
-WriteResult writeWhole(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        return WriteResult::NotOpened;
-
-    // On a full disk a large write() is cut short without an error and commit() would then replace
-    // the good file by a torn one; written in place, commit() even succeeds. So the bytes are
-    // counted.
-    const bool complete = file.write(bytes) == bytes.size() && file.flush();
-    if (!complete)
-        file.cancelWriting();
-    return file.commit() && complete ? WriteResult::Written : WriteResult::NotWritten;
+    return file.write(bytes) == bytes.size() ? WriteResult::Written : WriteResult::NotWritten;
 }
 
 } // namespace
@@ -44,8 +30,9 @@ ReadResult read(const QString& path)
 {
     ReadResult result;
     QFile file(path);
-    result.opened = file.open(QIODevice::ReadOnly);
-    if (!result.opened)
+    // Opening a pipe would wait for its other end, and a device may never end.
+    result.opened = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
+    if (!result.opened || file.size() > mostBytes)
         return result;
 
     QJsonParseError error;
@@ -60,8 +47,21 @@ WriteResult write(const QString& path, const QJsonObject& object, QJsonDocument:
     const QByteArray bytes = QJsonDocument(object).toJson(format);
 
     const QFileInfo target(path);
-    const bool isDevice = target.exists() && !target.isFile() && !target.isDir();
-    return isDevice ? writeInPlace(path, bytes) : writeWhole(path, bytes);
+    const bool isDevice = target.exists() && !target.isFile();
+    QSaveFile file(path);
+    if (isDevice || !file.open(QIODevice::WriteOnly))
+        return writeInPlace(path, bytes);
+
+    // On a full disk a large write() is cut short without an error, and commit() would then replace
+    // the good file by a torn one; so the bytes are counted.
+    if (file.write(bytes) != bytes.size())
+        file.cancelWriting();
+    return file.commit() ? WriteResult::Written : WriteResult::NotWritten;
+}
+
+bool isOfType(const QJsonObject& object, QLatin1String type)
+{
+    return object.value(typeKey).toString() == type;
 }
 
 } // namespace JsonFile

@@ -16,7 +16,8 @@ struct ReadResult
     QJsonObject object;  ///< The top-level object; empty when there is none.
 };
 
-/// Reads the file at @p path whole. Never fails loudly: whatever is wrong shows in the result.
+/// Reads the regular file at @p path whole. Never fails loudly: whatever is wrong shows in the
+/// result.
 [[nodiscard]] ReadResult read(const QString& path);
 
 enum class WriteResult {
@@ -31,5 +32,11 @@ enum class WriteResult {
 /// device), the target is written in place.
 [[nodiscard]] WriteResult write(const QString& path, const QJsonObject& object,
                                 QJsonDocument::JsonFormat format);
+
+/// Every file says of itself what it is under this key.
+constexpr QLatin1String typeKey("Type");
+
+/// Whether the object says that it is of the given type (case-sensitive).
+[[nodiscard]] bool isOfType(const QJsonObject& object, QLatin1String type);
 
 } // namespace JsonFile

@@ -4,14 +4,17 @@
 #include "support/messages.h"
 
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 
 void show(QMessageBox::Icon icon, QWidget* parent, const QString& title, const QString& text)
 {
-    QMessageBox box(icon, title, text, QMessageBox::Ok, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    // On the heap and watched: the parent may be destroyed while the box is open.
+    const QPointer<QMessageBox> box = new QMessageBox(icon, title, text, QMessageBox::Ok, parent);
+    box->setTextFormat(Qt::PlainText);
+    box->exec();
+    delete box;
 }
 
 } // namespace
