@@ -6,7 +6,25 @@
 #include "widgets/cleanedhtml.h"
 
 #include <QImage>
+#include <QMimeData>
 #include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+bool hasEndlessWord(const QString& text)
+{
+    constexpr int longestWord = 2000;
+    int length = 0;
+    return std::any_of(text.begin(), text.end(), [&length](QChar c) {
+        const bool wordEnds = c.isSpace() || c == QLatin1Char('>');
+        length = wordEnds ? 0 : length + 1;
+        return length > longestWord;
+    });
+}
+
+} // namespace
 
 CleanTextEdit::CleanTextEdit(QWidget* parent)
     : QTextEdit(parent)
@@ -23,7 +41,21 @@ QString CleanTextEdit::cleanedHtml() const
 
 void CleanTextEdit::setCleanedHtml(const QString& html)
 {
+    prepareWrappingFor(html);
     setHtml(CleanedHtml::forHtmlReader(html));
+}
+
+void CleanTextEdit::insertFromMimeData(const QMimeData* source)
+{
+    prepareWrappingFor(source->text());
+    QTextEdit::insertFromMimeData(source);
+}
+
+void CleanTextEdit::prepareWrappingFor(const QString& text)
+{
+    // To find a word boundary the layout takes time quadratic in the length of a word.
+    if (wordWrapMode() != QTextOption::WrapAnywhere && hasEndlessWord(text))
+        setWordWrapMode(QTextOption::WrapAnywhere);
 }
 
 QVariant CleanTextEdit::loadResource(int type, const QUrl& /*name*/)

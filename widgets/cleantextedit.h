@@ -24,10 +24,16 @@ public:
 
     QVariant loadResource(int type, const QUrl& name) override;
 
+protected:
+    void insertFromMimeData(const QMimeData* source) override;
+
 Q_SIGNALS:
     /// The text has changed.
     void cleanedHtmlChanged();
 
 private Q_SLOTS:
     void onTextChanged();
+
+private:
+    void prepareWrappingFor(const QString& text);
 };
