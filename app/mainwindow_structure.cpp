@@ -17,6 +17,13 @@
 #include <QNetworkReply>
 #include <QScopeGuard>
 
+namespace {
+
+/// No structure drawing is that large; an answer that never ends would fill the memory.
+constexpr qint64 mostBytes = 32 * 1024 * 1024;
+
+} // namespace
+
 void MainWindow::onButtonDownloadClicked()
 {
     QString casNumber = ui->lineEditCAS->toPlainText().trimmed();
@@ -27,8 +34,6 @@ void MainWindow::onButtonDownloadClicked()
     }
     const QString digits = casNumber.remove(QLatin1Char('-'));
     QNetworkReply* reply = networkManager->get(QNetworkRequest(structureImageUrl(digits)));
-    // No structure drawing is that large; an answer that never ends would fill the memory.
-    constexpr qint64 mostBytes = 32 * 1024 * 1024;
     connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
         if (received > mostBytes)
             reply->abort();
@@ -38,7 +43,8 @@ void MainWindow::onButtonDownloadClicked()
 void MainWindow::onImageDownloaded(QNetworkReply* reply)
 {
     const auto release = qScopeGuard([reply] { reply->deleteLater(); });
-    if (reply->error() != QNetworkReply::NoError) {
+    // The end can come before the next report of progress, so the size is looked at once more.
+    if (reply->error() != QNetworkReply::NoError || reply->bytesAvailable() > mostBytes) {
         Messages::critical(this, tr("Download Failed"), tr("Failed to download the image."));
         return;
     }

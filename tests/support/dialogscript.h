@@ -16,7 +16,7 @@
 ///     DialogScript dialogs;
 ///     dialogs.expectBox(QMessageBox::Warning, "Error", "Could not open file for reading");
 ///     action->trigger();
-///     QVERIFY2(dialogs.passed(), dialogs.report());
+///     QVERIFY2(dialogs.passed(), dialogs.report().constData());
 ///
 /// A dialog that was not expected is dismissed and reported, so that no test ever hangs in one.
 class DialogScript : public QObject
