@@ -57,8 +57,8 @@ void MainWindow::fitForm()
     // columns.
     const int energyWidth =
         fontMetrics().horizontalAdvance(QStringLiteral("99.99999 \u00b1 0.00009"));
-    ui->lineEditAIE->setMaximumWidth(energyWidth);
-    ui->lineEditVIE->setMaximumWidth(energyWidth);
+    ui->lineEditAIE->setFixedWidth(energyWidth);
+    ui->lineEditVIE->setFixedWidth(energyWidth);
     const int gap = ui->horizontalLayout_2->spacing();
     ui->horizontalLayout_4->setSpacing(energyWidth - ui->label_11->maximumWidth() + gap);
 }

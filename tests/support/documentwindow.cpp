@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/documentwindow.h"
+
+#include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumwindow.h"
+#include "tests/support/sandbox.h"
+
+#include <QAbstractScrollArea>
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QSettings>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+
+QSettings settings()
+{
+    return QSettings(QStringLiteral("Ostravel"), QStringLiteral("KORVELA"));
+}
+
+} // namespace
+
+namespace TestSupport {
+
+void trigger(const QWidget& window, const char* actionName)
+{
+    child<QAction>(window, actionName)->trigger();
+}
+
+QList<QMdiSubWindow*> subWindows(const QWidget& window)
+{
+    return child<QMdiArea>(window, "mdiArea")->subWindowList(QMdiArea::CreationOrder);
+}
+
+QList<SpectrumWindow*> spectra(const QWidget& window)
+{
+    QList<SpectrumWindow*> found;
+    const QList<QMdiSubWindow*> all = subWindows(window);
+    for (const QMdiSubWindow* subWindow : all)
+        found.append(qobject_cast<SpectrumWindow*>(subWindow->widget()));
+    return found;
+}
+
+QStringList spectrumTitles(const QWidget& window)
+{
+    QStringList titles;
+    const QList<SpectrumWindow*> all = spectra(window);
+    for (const SpectrumWindow* spectrum : all) {
+        const SpectrumModel* model = spectrum->model();
+        titles.append(model->data(model->index(0, SpectrumModel::Title)).toString());
+    }
+    return titles;
+}
+
+QString cell(const QWidget& window, SpeciesModel::Column column)
+{
+    const auto* model = window.findChild<SpeciesModel*>();
+    return model->data(model->index(0, column)).toString();
+}
+
+void typeInto(QWidget& field, const QString& text)
+{
+    const auto* area = qobject_cast<QAbstractScrollArea*>(&field);
+    QTest::mouseClick(area == nullptr ? &field : area->viewport(), Qt::LeftButton);
+    QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&field, text);
+}
+
+bool dropUrls(QWidget& window, const QWidget& onto, const QList<QUrl>& urls)
+{
+    QMimeData data;
+    data.setUrls(urls);
+    const QPoint position = onto.mapTo(&window, onto.rect().center());
+    QWindow* handle = window.windowHandle();
+
+    QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(handle, &enter);
+    if (!enter.isAccepted()) {
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(handle, &leave);
+        return false;
+    }
+    QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(handle, &drop);
+    return true;
+}
+
+bool dropFile(QWidget& window, const QWidget& onto, const QString& path)
+{
+    return dropUrls(window, onto, {QUrl::fromLocalFile(path)});
+}
+
+QString rememberedFolder()
+{
+    return settings().value(QStringLiteral("lastOpenFolder")).toString();
+}
+
+void rememberFolder(const QString& folder)
+{
+    settings().setValue(QStringLiteral("lastOpenFolder"), folder);
+}
+
+QJsonObject datasetTitled(const QString& title)
+{
+    return {{QStringLiteral("Title"), title},
+            {QStringLiteral("SpectType"), 2},
+            {QStringLiteral("CreatedDate"), QStringLiteral("2024-05-06")},
+            {QStringLiteral("E"), QJsonArray{10, 10.5}},
+            {QStringLiteral("I"), QJsonArray{1, 2}}};
+}
+
+QByteArray speciesFile(const QString& name, const QStringList& titles)
+{
+    QJsonObject file{{QStringLiteral("Type"), QStringLiteral("Species v1")},
+                     {QStringLiteral("Species"), QJsonObject{{QStringLiteral("Name"), name}}}};
+    int number = 1;
+    for (const QString& title : titles)
+        file.insert(QStringLiteral("Dataset%1").arg(number++), datasetTitled(title));
+    return QJsonDocument(file).toJson();
+}
+
+QByteArray spectrumFile(const QString& title)
+{
+    QJsonObject file = datasetTitled(title);
+    file.insert(QStringLiteral("Type"), QStringLiteral("Spectrum v1"));
+    return QJsonDocument(file).toJson();
+}
+
+} // namespace TestSupport

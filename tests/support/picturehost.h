@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArrayList>
+#include <QHash>
+#include <QNetworkProxy>
+#include <QSslConfiguration>
+#include <QTcpServer>
+
+class QSslSocket;
+
+/// Stands for the service that draws structures: a proxy on this computer that answers every
+/// tunnel to https://webbook.nist.gov itself, over real TLS. Nothing leaves the computer.
+class PictureHost : public QTcpServer
+{
+    Q_OBJECT
+
+public:
+    PictureHost();
+
+    /// The proxy through which the host is reached.
+    [[nodiscard]] QNetworkProxy proxy() const;
+
+    /// Answers a GET for @p target (path and query) with 200 and @p body; everything else gets 404.
+    void serve(const QByteArray& target, const QByteArray& body);
+
+    /// Answers a GET for @p target with a body that seems to have no end: 256 MiB, so that a
+    /// program that takes it all fails its test and not the computer.
+    void serveEndlessly(const QByteArray& target) { endlessTarget = target; }
+
+    /// Keeps the answers back until they are released one by one.
+    void holdAnswers() { holding = true; }
+    /// Answers the request for @p target that is being held back.
+    void release(const QByteArray& target);
+
+    /// "CONNECT host:port" of every tunnel asked for.
+    [[nodiscard]] QByteArrayList tunnels() const { return openedTunnels; }
+    /// First line and Host header, as "GET target HTTP/1.1 @host", of every request.
+    [[nodiscard]] QByteArrayList requests() const { return seenRequests; }
+
+protected:
+    void incomingConnection(qintptr descriptor) override;
+
+private:
+    void openTunnel(QSslSocket& client);
+    void readRequest(QSslSocket& client);
+    void answer(QSslSocket& client, const QByteArray& target);
+
+    bool holding = false;
+    QByteArray endlessTarget;
+    QHash<QByteArray, QByteArray> bodies;
+    QHash<QByteArray, QSslSocket*> held;
+    QByteArrayList openedTunnels;
+    QByteArrayList seenRequests;
+};
+
+/// While it lives, the program trusts the certificate of PictureHost and no other.
+class TrustInPictureHost
+{
+public:
+    TrustInPictureHost();
+    ~TrustInPictureHost();
+    Q_DISABLE_COPY_MOVE(TrustInPictureHost)
+
+private:
+    QSslConfiguration before;
+};

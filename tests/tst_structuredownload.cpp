@@ -1,0 +1,384 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/mainwindow.h"
+#include "species/speciesmodel.h"
+#include "tests/support/dialogscript.h"
+#include "tests/support/documentwindow.h"
+#include "tests/support/picturehost.h"
+#include "tests/support/sandbox.h"
+
+#include <QBuffer>
+#include <QLabel>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSslSocket>
+#include <QTest>
+#include <QTextEdit>
+
+#include <memory>
+
+namespace {
+
+const char* const caffeineTarget = "/cgi/cbook.cgi?Struct=C58082&Type=Color";
+const char* const waterTarget = "/cgi/cbook.cgi?Struct=C7732185&Type=Color";
+
+QImage plainPicture(const QColor& colour)
+{
+    QImage picture(30, 20, QImage::Format_RGB32);
+    picture.fill(colour);
+    return picture;
+}
+
+QByteArray png(const QImage& picture)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "PNG");
+    return bytes;
+}
+
+} // namespace
+
+/// Fetching the structure image for a CAS number, over real HTTPS to a host on this computer.
+class TestStructureDownload : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY2(QSslSocket::supportsSsl(), "pictures are fetched over TLS, which is missing");
+    }
+
+    void init()
+    {
+        sandbox = std::make_unique<Sandbox>();
+        host = std::make_unique<PictureHost>();
+        trust = std::make_unique<TrustInPictureHost>();
+        dialogs = std::make_unique<DialogScript>();
+        window = std::make_unique<MainWindow>();
+        window->findChild<QNetworkAccessManager*>()->setProxy(host->proxy());
+        QVERIFY(TestSupport::showActive(*window));
+    }
+
+    void cleanup()
+    {
+        const bool passed = dialogs->passed();
+        const QByteArray report = dialogs->report();
+        window.reset();
+        dialogs.reset();
+        trust.reset();
+        host.reset();
+        sandbox.reset();
+        QVERIFY2(passed, report.constData());
+    }
+
+    void pictureOfTheSubstanceIsFetchedAndShown()
+    {
+        const QImage picture = plainPicture(Qt::darkGreen);
+        host->serve(caffeineTarget, png(picture));
+        typeCasNumber(QStringLiteral("58-08-2"));
+        clickDownload();
+        QVERIFY(finishDownload());
+
+        QCOMPARE(host->tunnels(), QByteArrayList{"CONNECT webbook.nist.gov:443"});
+        QCOMPARE(host->requests(),
+                 QByteArrayList{"GET /cgi/cbook.cgi?Struct=C58082&Type=Color HTTP/1.1 "
+                                "@webbook.nist.gov"});
+        QCOMPARE(storedPicture(), picture);
+        const QPixmap shown = TestSupport::child<QLabel>(*window, "imageLabel")->pixmap();
+        QVERIFY(!shown.isNull());
+        QCOMPARE(shown.toImage().pixelColor(shown.rect().center()), QColor(Qt::darkGreen));
+        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - (untitled) *"));
+    }
+
+    void pictureMarksASavedDocumentModifiedOnce()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        const QString file =
+            sandbox->write(QStringLiteral("caffeine.json"),
+                           "{\"Type\":\"Species v1\",\"Species\":{\"CAS\":\"58-08-2\"}}");
+        QVERIFY(window->loadSpecies(file));
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - caffeine.json *"));
+
+        TestSupport::trigger(*window, "actionSaveSpecies");
+        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - caffeine.json"));
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(host->requests().size(), 2);
+        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - caffeine.json"));
+    }
+
+    void casNumbersInAnyDressAreAccepted_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::newRow("plain") << QStringLiteral("58-08-2");
+        QTest::newRow("blanks around") << QStringLiteral("&nbsp; 58-08-2 &nbsp;");
+        QTest::newRow("superscript") << QStringLiteral("<sup>58</sup>-08-2");
+        QTest::newRow("subscript") << QStringLiteral("58<sub>-08-</sub>2");
+        QTest::newRow("both") << QStringLiteral("<sup>5</sup><sub>8</sub>-08-<sup>2</sup>");
+    }
+
+    void casNumbersInAnyDressAreAccepted()
+    {
+        QFETCH(const QString, html);
+        host->serve(caffeineTarget, png(plainPicture(Qt::blue)));
+        TestSupport::child<QTextEdit>(*window, "lineEditCAS")->setHtml(html);
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::blue));
+    }
+
+    void blanksTypedAroundTheNumberAreAccepted()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::blue)));
+        typeCasNumber(QStringLiteral("  58-08-2  "));
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::blue));
+    }
+
+    void invalidCasNumbersAskForNothing_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("nothing") << QString();
+        QTest::newRow("blanks") << QStringLiteral("   ");
+        QTest::newRow("wrong check digit") << QStringLiteral("58-08-3");
+        QTest::newRow("one digit in the middle") << QStringLiteral("58-8-2");
+        QTest::newRow("eight digits in front") << QStringLiteral("10000000-00-0");
+        QTest::newRow("blank inside") << QStringLiteral("58 -08-2");
+        QTest::newRow("no hyphens") << QStringLiteral("58082");
+        QTest::newRow("name") << QStringLiteral("caffeine");
+    }
+
+    void invalidCasNumbersAskForNothing()
+    {
+        QFETCH(const QString, typed);
+        keepPicture();
+        typeCasNumber(typed);
+        expectInvalidInput();
+        clickDownload();
+        verifyNothingWasAsked();
+    }
+
+    void dashesInsteadOfHyphensAskForNothing()
+    {
+        keepPicture();
+        TestSupport::child<QTextEdit>(*window, "lineEditCAS")
+            ->setPlainText(QString::fromUtf8("58\u201308\u20132"));
+        expectInvalidInput();
+        clickDownload();
+        verifyNothingWasAsked();
+    }
+
+    void substanceWithoutAPictureIsReported()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        keepPicture();
+        typeCasNumber(QStringLiteral("7732-18-5"));
+        expectDownloadFailed();
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(host->requests().size(), 1);
+        QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
+    }
+
+    void pageInsteadOfAPictureIsReported_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::newRow("empty body") << QByteArray();
+        QTest::newRow("HTML page") << QByteArray("<!DOCTYPE html><html><body>Sorry</body></html>");
+        QTest::newRow("half a picture") << png(plainPicture(Qt::red)).left(20);
+    }
+
+    void pageInsteadOfAPictureIsReported()
+    {
+        QFETCH(const QByteArray, body);
+        host->serve(caffeineTarget, body);
+        keepPicture();
+        typeCasNumber(QStringLiteral("58-08-2"));
+        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Image Error"),
+                           QStringLiteral("Failed to load the image data."));
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
+    }
+
+    void hostThatCannotProveItsNameIsRefused()
+    {
+        trust.reset();
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        keepPicture();
+        typeCasNumber(QStringLiteral("58-08-2"));
+        expectDownloadFailed();
+        clickDownload();
+        QVERIFY(finishDownload());
+        QVERIFY(host->requests().isEmpty());
+        QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
+    }
+
+    void unreachableHostIsReported()
+    {
+        host->close();
+        keepPicture();
+        typeCasNumber(QStringLiteral("58-08-2"));
+        expectDownloadFailed();
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
+    }
+
+    void answerWithoutEndIsGivenUp()
+    {
+        host->serveEndlessly(caffeineTarget);
+        keepPicture();
+        typeCasNumber(QStringLiteral("58-08-2"));
+        expectDownloadFailed();
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
+    }
+
+    void editingGoesOnDuringADownload()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->holdAnswers();
+        typeCasNumber(QStringLiteral("58-08-2"));
+        clickDownload();
+        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, patience);
+
+        QVERIFY(TestSupport::child<QPushButton>(*window, "buttonDownload")->isEnabled());
+        auto* field = TestSupport::child<QTextEdit>(*window, "lineEditSpecies");
+        TestSupport::typeInto(*field, QStringLiteral("caffeine"));
+        QCOMPARE(field->toPlainText(), QStringLiteral("caffeine"));
+        QVERIFY(storedPicture().isNull());
+
+        host->release(caffeineTarget);
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::red));
+    }
+
+    void ofTwoDownloadsTheLastToFinishWins()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(waterTarget, png(plainPicture(Qt::blue)));
+        host->holdAnswers();
+        typeCasNumber(QStringLiteral("58-08-2"));
+        clickDownload();
+        typeCasNumber(QStringLiteral("7732-18-5"));
+        clickDownload();
+        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 2, patience);
+
+        host->release(waterTarget);
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::blue));
+        host->release(caffeineTarget);
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::red));
+    }
+
+    void finishedReplyIsReleased()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        typeCasNumber(QStringLiteral("58-08-2"));
+        clickDownload();
+        auto* manager = window->findChild<QNetworkAccessManager*>();
+        QCOMPARE(manager->findChildren<QNetworkReply*>().size(), 1);
+        QVERIFY(finishDownload());
+        QTRY_VERIFY(manager->findChildren<QNetworkReply*>().isEmpty());
+    }
+
+    void windowMayGoDuringADownload()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->holdAnswers();
+        typeCasNumber(QStringLiteral("58-08-2"));
+        clickDownload();
+        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, patience);
+        auto* reply = window->findChild<QNetworkReply*>();
+        QVERIFY(reply != nullptr);
+        const QSignalSpy replyGone(reply, &QObject::destroyed);
+
+        dialogs->expectSaveQuestion(QMessageBox::Discard);
+        QVERIFY(window->close());
+        window.reset();
+        QCOMPARE(replyGone.count(), 1);
+        host->release(caffeineTarget);
+        QCoreApplication::processEvents();
+    }
+
+private:
+    // Generous: a machine under load may take its time over a TLS handshake.
+    static constexpr int patience = 30000;
+
+    void typeCasNumber(const QString& text)
+    {
+        auto* field = TestSupport::child<QTextEdit>(*window, "lineEditCAS");
+        TestSupport::typeInto(*field, text);
+        if (text.isEmpty())
+            QTest::keyClick(field, Qt::Key_Delete);
+    }
+
+    void clickDownload()
+    {
+        finished = std::make_unique<QSignalSpy>(window->findChild<QNetworkAccessManager*>(),
+                                                &QNetworkAccessManager::finished);
+        QTest::mouseClick(TestSupport::child<QPushButton>(*window, "buttonDownload"),
+                          Qt::LeftButton);
+    }
+
+    /// Waits until one more reply has been dealt with, its box included.
+    bool finishDownload()
+    {
+        const bool arrived = !finished->isEmpty() || finished->wait(patience);
+        finished->clear();
+        return arrived && QTest::qWaitFor([this] { return dialogs->passed(); }, patience);
+    }
+
+    void keepPicture()
+    {
+        auto* model = window->findChild<SpeciesModel*>();
+        model->setData(model->index(0, SpeciesModel::StructureImage), plainPicture(Qt::yellow));
+    }
+
+    [[nodiscard]] QImage storedPicture() const
+    {
+        return window->findChild<SpeciesModel*>()->image();
+    }
+
+    void expectInvalidInput()
+    {
+        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("Invalid Input"),
+                           QStringLiteral("Please enter a valid CAS number (e.g., 58-08-2)."));
+    }
+
+    void expectDownloadFailed()
+    {
+        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Download Failed"),
+                           QStringLiteral("Failed to download the image."));
+    }
+
+    void verifyNothingWasAsked()
+    {
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QVERIFY(window->findChild<QNetworkReply*>() == nullptr);
+        QVERIFY(host->tunnels().isEmpty());
+        QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
+    }
+
+    std::unique_ptr<Sandbox> sandbox;
+    std::unique_ptr<PictureHost> host;
+    std::unique_ptr<TrustInPictureHost> trust;
+    std::unique_ptr<DialogScript> dialogs;
+    std::unique_ptr<MainWindow> window;
+    std::unique_ptr<QSignalSpy> finished;
+};
+
+QTEST_MAIN(TestStructureDownload)
+#include "tst_structuredownload.moc"
