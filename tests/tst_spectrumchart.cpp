@@ -1,0 +1,379 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumchartview.h"
+#include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumwindow.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/testdocument.h"
+
+#include <QCheckBox>
+#include <QJsonArray>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QtCharts/QChart>
+#include <QtCharts/QLegend>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QScatterSeries>
+#include <QtCharts/QValueAxis>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+using TestSupport::child;
+
+namespace {
+
+using Points = QList<QPointF>;
+
+/// The drawn part of the plane: lowest and highest energy, lowest and highest intensity.
+using Range = QList<double>;
+
+SpectrumChartView* chartView(const QWidget& window)
+{
+    return child<SpectrumChartView>(window, "chartSpectrum");
+}
+
+QValueAxis* axis(const QWidget& window, Qt::Orientation orientation)
+{
+    return qobject_cast<QValueAxis*>(chartView(window)->chart()->axes(orientation).constFirst());
+}
+
+Range range(const QWidget& window)
+{
+    const auto* x = axis(window, Qt::Horizontal);
+    const auto* y = axis(window, Qt::Vertical);
+    return {x->min(), x->max(), y->min(), y->max()};
+}
+
+QLineSeries* series(const QWidget& window)
+{
+    return qobject_cast<QLineSeries*>(chartView(window)->chart()->series().constFirst());
+}
+
+/// Has the model take over the point text now, without the pause after typing.
+void setPoints(const SpectrumWindow& window, const QString& text)
+{
+    child<QPlainTextEdit>(window, "textEditSpect")->setPlainText(text);
+    QMetaObject::invokeMethod(window.model(), "emitSpectrumDataChanged", Qt::DirectConnection);
+}
+
+void normalize(const SpectrumWindow& window)
+{
+    QTest::mouseClick(child<QPushButton>(window, "buttonNormalize"), Qt::LeftButton);
+}
+
+/// The pixel at these fractions of the plot, from its top left corner.
+QPoint plotPixel(const SpectrumChartView& view, double right, double down)
+{
+    const QRectF plot = view.chart()->plotArea();
+    const QPointF position(plot.x() + right * plot.width(), plot.y() + down * plot.height());
+    return view.mapFromScene(view.chart()->mapToScene(position));
+}
+
+/// Drags a rectangle over the middle quarter of the plot.
+void zoomIn(const SpectrumChartView& view)
+{
+    const QPoint from = plotPixel(view, 0.25, 0.25);
+    const QPoint to = plotPixel(view, 0.75, 0.75);
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(view.viewport(), (from + to) / 2);
+    QTest::mouseMove(view.viewport(), to);
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, to);
+}
+
+void rightClick(const SpectrumChartView& view)
+{
+    QTest::mouseClick(view.viewport(), Qt::RightButton, {}, plotPixel(view, 0.5, 0.5));
+}
+
+bool isNear(const Range& actual, const Range& expected, double tolerance)
+{
+    return std::equal(actual.begin(), actual.end(), expected.begin(), expected.end(),
+                      [tolerance](double a, double b) { return std::abs(a - b) < tolerance; });
+}
+
+QString describe(const Range& values)
+{
+    QStringList texts;
+    for (const double value : values)
+        texts.append(QString::number(value));
+    return texts.join(u' ');
+}
+
+} // namespace
+
+/// The chart of a spectrum window: what it draws and which part of it is seen.
+class TestSpectrumChart : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void chartHasOneLineAndTwoAxes()
+    {
+        const SpectrumWindow window;
+        const auto* view = chartView(window);
+        const QChart* chart = view->chart();
+        QVERIFY(!chart->legend()->isVisible());
+        QCOMPARE(chart->series().size(), 1);
+        QVERIFY(series(window) != nullptr);
+        QCOMPARE(series(window)->type(), QAbstractSeries::SeriesTypeLine);
+        QCOMPARE(series(window)->points(), Points());
+        QCOMPARE(chart->axes().size(), 2);
+        QCOMPARE(series(window)->attachedAxes().size(), 2);
+        QVERIFY(series(window)->attachedAxes().contains(axis(window, Qt::Horizontal)));
+        QVERIFY(series(window)->attachedAxes().contains(axis(window, Qt::Vertical)));
+        QVERIFY(view->renderHints().testFlag(QPainter::Antialiasing));
+        QCOMPARE(view->rubberBand(), QChartView::RectangleRubberBand);
+    }
+
+    void axesAreLabelled()
+    {
+        const SpectrumWindow window;
+        const auto* energy = axis(window, Qt::Horizontal);
+        const auto* intensity = axis(window, Qt::Vertical);
+        QCOMPARE(energy->titleText(), u"h\u03bd / eV"_s);
+        QCOMPARE(energy->labelFormat(), u"%.2f"_s);
+        QCOMPARE(energy->alignment(), Qt::AlignBottom);
+        QCOMPARE(intensity->titleText(), u"Intensity / arb. unit"_s);
+        QCOMPARE(intensity->labelFormat(), u"%.2f"_s);
+        QCOMPARE(intensity->alignment(), Qt::AlignLeft);
+    }
+
+    void curveIsDrawnAsTyped()
+    {
+        const SpectrumWindow window;
+        setPoints(window, u"E I\n3 1\n1 2\n1 2\n2 -5"_s);
+        QCOMPARE(series(window)->points(), (Points{{3, 1}, {1, 2}, {1, 2}, {2, -5}}));
+        QCOMPARE(range(window), (Range{1, 3, -5, 2}));
+    }
+
+    void typedPointsAreDrawnOnceTheTypingPauses()
+    {
+        const SpectrumWindow window;
+        QTest::keyClicks(child<QPlainTextEdit>(window, "textEditSpect"), u"1 2\r3 4"_s);
+        QCOMPARE(series(window)->points(), Points());
+        QSignalSpy replaced(series(window), &QXYSeries::pointsReplaced);
+        QVERIFY(replaced.wait(20'000));
+        QCOMPARE(series(window)->points(), (Points{{1, 2}, {3, 4}}));
+        QCOMPARE(range(window), (Range{1, 3, 2, 4}));
+        QCOMPARE(replaced.count(), 1);
+    }
+
+    void datasetIsDrawnAtOnce()
+    {
+        const SpectrumWindow window({{u"E"_s, QJsonArray{10, 11}}, {u"I"_s, QJsonArray{5, 7}}});
+        QCOMPARE(series(window)->points(), (Points{{10, 5}, {11, 7}}));
+        QCOMPARE(range(window), (Range{10, 11, 5, 7}));
+    }
+
+    void lineSpectrumIsDrawnAsSticks_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<Points>("drawn");
+        QTest::newRow("none") << QString() << Points{};
+        QTest::newRow("one") << u"1 5"_s << Points{{1, 5}};
+        QTest::newRow("two") << u"1 5\n2 3"_s << Points{{1, 5}, {1, 0}, {2, 3}};
+        QTest::newRow("three") << u"1 5\n2 3\n3 4"_s
+                               << Points{{1, 5}, {1, 0}, {2, 0}, {2, 3}, {2, 0}, {3, 4}};
+    }
+    void lineSpectrumIsDrawnAsSticks()
+    {
+        QFETCH(QString, text);
+        const SpectrumWindow window({{u"LineSpectrum"_s, true}});
+        setPoints(window, text);
+        QTEST(series(window)->points(), "drawn");
+    }
+
+    void sticksMayStartBelowTheSeenRange()
+    {
+        const SpectrumWindow window({{u"LineSpectrum"_s, true}});
+        setPoints(window, u"1 5\n2 3\n3 4"_s);
+        QCOMPARE(range(window), (Range{1, 3, 3, 5}));
+    }
+
+    void singlePointGivesRangesWithoutWidth()
+    {
+        const SpectrumWindow window;
+        setPoints(window, u"12 5"_s);
+        QCOMPARE(range(window), (Range{12, 12, 5, 5}));
+    }
+
+    void emptyTextKeepsTheRanges()
+    {
+        const SpectrumWindow window;
+        setPoints(window, u"1 2\n3 4"_s);
+        setPoints(window, QString());
+        QCOMPARE(series(window)->points(), Points());
+        QCOMPARE(range(window), (Range{1, 3, 2, 4}));
+    }
+
+    void numbersThatNoAxisShowsDoNotSpoilTheRanges()
+    {
+        const SpectrumWindow window;
+        setPoints(window, u"1 2\ninf 3\n3 nan\n2 5"_s);
+        QCOMPARE(range(window), (Range{1, 3, 2, 5}));
+    }
+
+    void newPointsReplaceTheRanges()
+    {
+        const SpectrumWindow window;
+        setPoints(window, u"1 2\n3 4"_s);
+        setPoints(window, u"100 -7\n90 8"_s);
+        QCOMPARE(range(window), (Range{90, 100, -7, 8}));
+    }
+
+    void chartWithoutALineIsLeftAlone()
+    {
+        const SpectrumWindow window;
+        setPoints(window, u"1 2\n3 4"_s);
+        QChart* chart = chartView(window)->chart();
+        chart->removeAllSeries();
+        normalize(window);
+        QCOMPARE(range(window), (Range{1, 3, 2, 4}));
+
+        auto* dots = new QScatterSeries;
+        chart->addSeries(dots);
+        setPoints(window, u"5 6\n7 8"_s);
+        QCOMPARE(dots->points(), Points());
+        QCOMPARE(range(window), (Range{1, 3, 2, 4}));
+    }
+
+    void rangesNeedBothAxes()
+    {
+        const SpectrumWindow window;
+        setPoints(window, u"1 2\n3 4"_s);
+        QChart* chart = chartView(window)->chart();
+        const std::unique_ptr<QAbstractAxis> removed(axis(window, Qt::Vertical));
+        chart->removeAxis(removed.get());
+        setPoints(window, u"5 6\n7 8"_s);
+        QCOMPARE(series(window)->points(), (Points{{5, 6}, {7, 8}}));
+        QCOMPARE(axis(window, Qt::Horizontal)->min(), 1.0);
+        QCOMPARE(axis(window, Qt::Horizontal)->max(), 3.0);
+    }
+
+    void draggingARectangleZoomsIntoIt()
+    {
+        const Sandbox sandbox;
+        TestDocument document;
+        const auto* window = document.add();
+        setPoints(*window, u"0 0\n10 100"_s);
+        QVERIFY(TestSupport::showActive(document));
+        zoomIn(*chartView(*window));
+        const Range seen = range(*window);
+        QVERIFY2(isNear(seen.first(2), {2.5, 7.5}, 0.3), qPrintable(describe(seen)));
+        QVERIFY2(isNear(seen.sliced(2), {25, 75}, 3), qPrintable(describe(seen)));
+    }
+
+    void rightClickShowsEverythingAgain()
+    {
+        const Sandbox sandbox;
+        TestDocument document;
+        const auto* window = document.add();
+        setPoints(*window, u"0 0\n10 100"_s);
+        QVERIFY(TestSupport::showActive(document));
+        const auto* view = chartView(*window);
+        zoomIn(*view);
+        zoomIn(*view);
+        QVERIFY(isNear(range(*window).first(2), {3.75, 6.25}, 0.3));
+        rightClick(*view);
+        QVERIFY2(isNear(range(*window), {0, 10, 0, 100}, 1e-9),
+                 qPrintable(describe(range(*window))));
+        QVERIFY(!view->chart()->isZoomed());
+    }
+
+    void rightClickDoesNotZoomOut()
+    {
+        const Sandbox sandbox;
+        TestDocument document;
+        const auto* window = document.add();
+        setPoints(*window, u"0 0\n10 100"_s);
+        QVERIFY(TestSupport::showActive(document));
+        rightClick(*chartView(*window));
+        QCOMPARE(range(*window), (Range{0, 10, 0, 100}));
+    }
+
+    void newPointsEndTheZoom()
+    {
+        const Sandbox sandbox;
+        TestDocument document;
+        const auto* window = document.add();
+        setPoints(*window, u"0 0\n10 100"_s);
+        QVERIFY(TestSupport::showActive(document));
+        zoomIn(*chartView(*window));
+        normalize(*window);
+        QCOMPARE(range(*window), (Range{0, 10, 0, 1000}));
+    }
+
+    void rightClickAfterAZoomShowsTodaysPoints()
+    {
+        const Sandbox sandbox;
+        TestDocument document;
+        const auto* window = document.add();
+        setPoints(*window, u"0 0\n10 100"_s);
+        QVERIFY(TestSupport::showActive(document));
+        zoomIn(*chartView(*window));
+        setPoints(*window, u"20 5\n30 6"_s);
+        rightClick(*chartView(*window));
+        QCOMPARE(range(*window), (Range{20, 30, 5, 6}));
+        zoomIn(*chartView(*window));
+        rightClick(*chartView(*window));
+        QVERIFY2(isNear(range(*window), {20, 30, 5, 6}, 1e-9),
+                 qPrintable(describe(range(*window))));
+    }
+
+    void oddPointsLeaveTheChartUsable_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("single point") << u"12 5"_s;
+        QTest::newRow("equal intensities") << u"1 5\n2 5"_s;
+        QTest::newRow("whole range of doubles") << u"-1e308 -1e308\n1e308 1e308"_s;
+        QTest::newRow("huge") << u"0 0\n1e300 1e300"_s;
+        QTest::newRow("tiny") << u"0 0\n4.9e-324 4.9e-324"_s;
+        QTest::newRow("far from zero") << u"1e15 1\n1000000000000000.1 2"_s;
+        QTest::newRow("infinite and undefined") << u"inf inf\nnan nan\n-inf 1\n1 -inf"_s;
+        QTest::newRow("from high to low") << u"3 1\n2 2\n1 3"_s;
+    }
+    void oddPointsLeaveTheChartUsable()
+    {
+        QFETCH(QString, text);
+        const Sandbox sandbox;
+        TestDocument document;
+        const auto* window = document.add();
+        QVERIFY(TestSupport::showActive(document));
+        const auto* view = chartView(*window);
+        setPoints(*window, text);
+        QVERIFY(!document.grab().isNull());
+        zoomIn(*view);
+        QVERIFY(!document.grab().isNull());
+        rightClick(*view);
+
+        setPoints(*window, u"0 0\n10 100"_s);
+        QCOMPARE(series(*window)->points(), (Points{{0, 0}, {10, 100}}));
+        QCOMPARE(range(*window), (Range{0, 10, 0, 100}));
+        zoomIn(*view);
+        QVERIFY2(isNear(range(*window).first(2), {2.5, 7.5}, 0.3),
+                 qPrintable(describe(range(*window))));
+        rightClick(*view);
+        QVERIFY(isNear(range(*window), {0, 10, 0, 100}, 1e-9));
+    }
+
+    void togglingSticksEndsTheZoom()
+    {
+        const Sandbox sandbox;
+        TestDocument document;
+        const auto* window = document.add();
+        setPoints(*window, u"0 0\n10 100"_s);
+        QVERIFY(TestSupport::showActive(document));
+        zoomIn(*chartView(*window));
+        auto* box = child<QCheckBox>(*window, "checkBoxLineSpectrum");
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_Space);
+        QCOMPARE(range(*window), (Range{0, 10, 0, 100}));
+    }
+};
+
+QTEST_MAIN(TestSpectrumChart)
+#include "tst_spectrumchart.moc"

@@ -1,0 +1,247 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumchartview.h"
+#include "tests/support/sandbox.h"
+
+#include <QLabel>
+#include <QMetaMethod>
+#include <QMouseEvent>
+#include <QTest>
+#include <QWindow>
+#include <QtCharts/QChart>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QValueAxis>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A shown chart of known geometry: its plot spans the pixels 100 to 300 across and 50 to 250 down.
+class ShownChart
+{
+public:
+    ShownChart(double lowestX, double highestX, double lowestY, double highestY)
+    {
+        auto* series = new QLineSeries;
+        auto* chart = new QChart;
+        chart->addSeries(series);
+        chart->addAxis(x, Qt::AlignBottom);
+        chart->addAxis(y, Qt::AlignLeft);
+        series->attachAxis(x);
+        series->attachAxis(y);
+        const std::unique_ptr<QChart> replaced(view.chart());
+        view.setChart(chart);
+        view.setRubberBand(QChartView::RectangleRubberBand);
+        x->setRange(lowestX, highestX);
+        y->setRange(lowestY, highestY);
+        view.resize(400, 300);
+        chart->setPlotArea(QRectF(100, 50, 200, 200));
+        shown = TestSupport::showActive(view);
+    }
+
+    [[nodiscard]] QLabel* readOut() const { return view.findChild<QLabel*>(); }
+
+    /// Moves the mouse there, with no button down.
+    void hover(QPoint pixel)
+    {
+        QTest::mouseMove(view.windowHandle(), pixel);
+        QCoreApplication::processEvents();
+    }
+
+    /// Makes the chart smaller than its view.
+    void leaveRoomBeside()
+    {
+        view.chart()->setPlotArea(QRectF());
+        view.chart()->setMaximumSize(350, 250);
+        view.chart()->resize(350, 250);
+    }
+
+    SpectrumChartView view;
+    QValueAxis* x = new QValueAxis;
+    QValueAxis* y = new QValueAxis;
+    bool shown = false;
+};
+
+} // namespace
+
+/// The chart view: read-out under the mouse, and what its buttons do.
+class TestSpectrumChartView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void addsNothingToTheMetaObject()
+    {
+        const QMetaObject& meta = SpectrumChartView::staticMetaObject;
+        QCOMPARE(QByteArray(meta.className()), "SpectrumChartView");
+        QCOMPARE(QByteArray(meta.superClass()->className()), "QChartView");
+        QCOMPARE(meta.methodCount(), meta.methodOffset());
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    }
+
+    void readOutIsAnEmptyTranslucentBoxAtFirst()
+    {
+        const SpectrumChartView view;
+        QCOMPARE(view.findChildren<QLabel*>().size(), 1);
+        const auto* label = view.findChild<QLabel*>();
+        QCOMPARE(label->parent(), &view);
+        QCOMPARE(label->text(), QString());
+        QCOMPARE(label->styleSheet(),
+                 u"background-color: rgba(255, 255, 255, 150); padding: 2px;"_s);
+        QCOMPARE(label->alignment(), Qt::AlignCenter);
+        QVERIFY(!label->isHidden());
+        QVERIFY(view.chart() != nullptr);
+        QVERIFY(view.renderHints().testFlag(QPainter::Antialiasing));
+        QVERIFY(view.testAttribute(Qt::WA_MouseTracking));
+    }
+
+    void hoveringShowsTheValueUnderTheMouse_data()
+    {
+        QTest::addColumn<QPoint>("pixel");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("middle") << QPoint(200, 150) << u"h\u03bd: 12.3457, I: 0.50"_s;
+        QTest::newRow("bottom left") << QPoint(100, 250) << u"h\u03bd: 11.3457, I: -1.50"_s;
+        QTest::newRow("top right") << QPoint(300, 50) << u"h\u03bd: 13.3457, I: 2.50"_s;
+        QTest::newRow("beside the plot") << QPoint(0, 150) << u"h\u03bd: 10.3457, I: 0.50"_s;
+    }
+    void hoveringShowsTheValueUnderTheMouse()
+    {
+        QFETCH(QPoint, pixel);
+        const Sandbox sandbox;
+        ShownChart chart(11.345678, 13.345678, -1.5, 2.5);
+        QVERIFY(chart.shown);
+        chart.hover({10, 10});
+        chart.hover(pixel);
+        QTEST(chart.readOut()->text(), "text");
+    }
+
+    void largeValuesAreShownWithoutExponent()
+    {
+        const Sandbox sandbox;
+        ShownChart chart(0, 2e8, -2e9, 0);
+        QVERIFY(chart.shown);
+        chart.hover({10, 10});
+        chart.hover({200, 150});
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 100000000.0000, I: -1000000000.00"_s);
+    }
+
+    void positionIsRoundedToWholePixels()
+    {
+        const Sandbox sandbox;
+        ShownChart chart(0, 200, 0, 200); // one unit a pixel
+        QVERIFY(chart.shown);
+        const auto moveTo = [&chart](QPointF position) {
+            QMouseEvent move(QEvent::MouseMove, position, position, position, Qt::NoButton,
+                             Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(chart.view.viewport(), &move);
+        };
+        moveTo({149.5, 150.4});
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 50.0000, I: 100.00"_s);
+        moveTo({149.4, 149.6});
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 49.0000, I: 100.00"_s);
+    }
+
+    void readOutSitsInTheBottomRightCorner()
+    {
+        const Sandbox sandbox;
+        ShownChart chart(0, 1000, 0, 1);
+        QVERIFY(chart.shown);
+        const auto corner = [&chart] {
+            const QRect box = chart.readOut()->geometry();
+            return QPoint(box.x() + box.width(), box.y() + box.height());
+        };
+        chart.hover({10, 10});
+        chart.hover({101, 150});
+        QCOMPARE(corner(), QPoint(390, 290));
+        const int width = chart.readOut()->width();
+        QCOMPARE(chart.readOut()->size(), chart.readOut()->sizeHint());
+        chart.hover({300, 150});
+        QVERIFY(chart.readOut()->width() > width);
+        QCOMPARE(corner(), QPoint(390, 290));
+        chart.view.resize(500, 350);
+        QCOMPARE(corner(), QPoint(490, 340));
+    }
+
+    void readOutLetsTheMouseThrough()
+    {
+        const Sandbox sandbox;
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        chart.hover({10, 10});
+        const QPoint onTheReadOut(380, 280);
+        QVERIFY(chart.readOut()->geometry().contains(onTheReadOut));
+        chart.hover(onTheReadOut);
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 280.0000, I: -30.00"_s);
+    }
+
+    void readOutStaysInsideASmallView()
+    {
+        const Sandbox sandbox;
+        ShownChart chart(0, 10, 0, 1);
+        QVERIFY(chart.shown);
+        chart.hover({10, 10});
+        chart.hover({200, 150});
+        chart.view.setMinimumSize(1, 1);
+        chart.view.chart()->setMinimumSize(0, 0);
+        chart.view.setFixedSize(30, 15);
+        QCOMPARE(chart.view.size(), QSize(30, 15));
+        QCOMPARE(chart.readOut()->pos(), QPoint(0, 0));
+    }
+
+    void draggingStillReadsOut()
+    {
+        const Sandbox sandbox;
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        QTest::mousePress(chart.view.viewport(), Qt::LeftButton, {}, {150, 100});
+        QTest::mouseMove(chart.view.viewport(), {250, 200});
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 150.0000, I: 50.00"_s);
+        QTest::mouseRelease(chart.view.viewport(), Qt::LeftButton, {}, {250, 200});
+        QVERIFY(chart.view.chart()->isZoomed());
+        QCOMPARE(qRound(chart.x->min()), 50);
+        QCOMPARE(qRound(chart.x->max()), 150);
+        QCOMPARE(qRound(chart.y->min()), 50);
+        QCOMPARE(qRound(chart.y->max()), 150);
+    }
+
+    void pressBesideTheChartDoesNothing_data()
+    {
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::newRow("left") << Qt::LeftButton;
+        QTest::newRow("right") << Qt::RightButton;
+        QTest::newRow("middle") << Qt::MiddleButton;
+    }
+    void pressBesideTheChartDoesNothing()
+    {
+        QFETCH(Qt::MouseButton, button);
+        const Sandbox sandbox;
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        chart.leaveRoomBeside();
+        const QPoint beside(395, 295);
+        QTRY_VERIFY(chart.view.itemAt(beside) == nullptr);
+        QTest::mousePress(chart.view.viewport(), button, {}, beside);
+        QTest::mouseRelease(chart.view.viewport(), button, {}, beside);
+        QVERIFY(!chart.view.chart()->isZoomed());
+        QCOMPARE(chart.x->max(), 200.0);
+    }
+
+    void rightClickBesideTheChartEndsTheZoom()
+    {
+        const Sandbox sandbox;
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        chart.view.chart()->zoomIn(QRectF(150, 100, 100, 100));
+        QVERIFY(chart.view.chart()->isZoomed());
+        chart.leaveRoomBeside();
+        const QPoint beside(395, 295);
+        QTRY_VERIFY(chart.view.itemAt(beside) == nullptr);
+        QTest::mouseClick(chart.view.viewport(), Qt::RightButton, {}, beside);
+        QVERIFY(!chart.view.chart()->isZoomed());
+        QCOMPARE(chart.x->max(), 200.0);
+    }
+};
+
+QTEST_MAIN(TestSpectrumChartView)
+#include "tst_spectrumchartview.moc"
