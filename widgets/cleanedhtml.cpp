@@ -60,19 +60,21 @@ public:
     {
         const bool closing = tag.startsWith(QLatin1Char('/'));
         const QStringView rest = closing ? tag.sliced(1) : tag;
-        const auto nameEnd = std::find_if(
-            rest.begin(), rest.end(), [](QChar c) { return c.isSpace() || c == QLatin1Char('/'); });
+        const auto nameEnd = std::find_if_not(rest.begin(), rest.end(),
+                                              [](QChar c) { return c.isLetterOrNumber(); });
         const QString name = rest.first(nameEnd - rest.begin()).toString().toLower();
         // The reader expands entities in names; no element is called by such a name.
-        if (name.contains(QLatin1Char('&')))
+        if (nameEnd != rest.end() && *nameEnd == QLatin1Char('&'))
             return false;
-        if (name == QLatin1String("sub"))
+        // Only tags that hold nothing else are sure to be for the reader what they are here.
+        const bool isBare = nameEnd == rest.end();
+        if (isBare && name == QLatin1String("sub"))
             return changeDepth(subscriptDepth, closing);
-        if (name == QLatin1String("sup"))
+        if (isBare && name == QLatin1String("sup"))
             return changeDepth(superscriptDepth, closing);
-        if (closing || name == QLatin1String("br"))
-            return true;
-        return isTablePart(name) ? tableParts-- > 0 : others-- > 0;
+        if (isTablePart(name))
+            return tableParts-- > 0;
+        return closing || name == QLatin1String("br") || others-- > 0;
     }
 
 private:
@@ -87,7 +89,7 @@ private:
 
     static bool changeDepth(int& depth, bool closing)
     {
-        constexpr int deepest = 64;
+        constexpr int deepest = 16;
         if (closing)
             depth = std::max(0, depth - 1);
         else if (depth >= deepest)
@@ -131,25 +133,37 @@ QString forHtmlReader(const QString& html)
 {
     QString prepared;
     prepared.reserve(html.size());
-    const qsizetype lastTagEnd = html.lastIndexOf(QLatin1Char('>'));
+    const QLatin1String commentStart("<!--");
+    const QLatin1String commentEnd("-->");
+    const qsizetype lastCommentEnd = html.lastIndexOf(commentEnd);
     TagBudget budget;
 
     qsizetype position = 0;
     while (position < html.size()) {
-        const QChar c = html.at(position);
-        if (c != QLatin1Char('<')) {
-            prepared += c;
+        const QStringView rest = QStringView(html).sliced(position);
+        if (rest.front() != QLatin1Char('<')) {
+            prepared += rest.front();
             ++position;
-        } else if (position >= lastTagEnd || !canFollowTagOpening(html.at(position + 1))) {
+            continue;
+        }
+        if (rest.startsWith(commentStart) && position + commentStart.size() <= lastCommentEnd) {
+            position = html.indexOf(commentEnd, position + commentStart.size()) + commentEnd.size();
+            continue;
+        }
+        // A tag ends before the next one begins: in "a<b<sup>2</sup>" the first "<" is text.
+        const auto end = std::find_if(rest.begin() + 1, rest.end(), [](QChar c) {
+            return c == QLatin1Char('<') || c == QLatin1Char('>');
+        });
+        if (end == rest.end() || *end == QLatin1Char('<') || !canFollowTagOpening(rest.at(1)) ||
+            rest.startsWith(commentStart)) {
             prepared += QLatin1String("&lt;");
             ++position;
-        } else {
-            const qsizetype end = html.indexOf(QLatin1Char('>'), position);
-            const QStringView tag = QStringView(html).sliced(position, end + 1 - position);
-            if (budget.admits(tag.sliced(1, tag.size() - 2)))
-                prepared += tag;
-            position = end + 1;
+            continue;
         }
+        const QStringView tag = rest.first(end - rest.begin() + 1);
+        if (budget.admits(tag.sliced(1, tag.size() - 2)))
+            prepared += tag;
+        position += tag.size();
     }
     return prepared;
 }

@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <QMimeData>
+#include <QTextDocumentFragment>
 #include <QUrl>
 
 #include <algorithm>
@@ -43,6 +44,16 @@ void CleanTextEdit::setCleanedHtml(const QString& html)
 {
     prepareWrappingFor(html);
     setHtml(CleanedHtml::forHtmlReader(html));
+}
+
+QMimeData* CleanTextEdit::createMimeDataFromSelection() const
+{
+    // Without the toolkit's OpenDocument form, which would open the pictures that the text names.
+    const QTextDocumentFragment selection = textCursor().selection();
+    auto* copied = new QMimeData;
+    copied->setText(selection.toPlainText());
+    copied->setHtml(selection.toHtml());
+    return copied;
 }
 
 void CleanTextEdit::insertFromMimeData(const QMimeData* source)

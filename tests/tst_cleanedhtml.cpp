@@ -1,0 +1,451 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/traps.h"
+#include "widgets/cleanedhtml.h"
+
+#include <QTest>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace {
+
+QTextCharFormat aligned(QTextCharFormat::VerticalAlignment alignment)
+{
+    QTextCharFormat format;
+    format.setVerticalAlignment(alignment);
+    return format;
+}
+
+/// What a field shows and hands on after it was given @p html.
+QString throughTheReader(const QString& html)
+{
+    QTextDocument document;
+    document.setHtml(CleanedHtml::forHtmlReader(html));
+    return CleanedHtml::fromDocument(document);
+}
+
+QString repeated(const char* text, int times)
+{
+    return QString::fromLatin1(text).repeated(times);
+}
+
+} // namespace
+
+/// The reduced markup that fields, models and files exchange.
+class TestCleanedHtml : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyDocumentGivesEmptyText()
+    {
+        const QTextDocument document;
+        QCOMPARE(CleanedHtml::fromDocument(document), QString());
+    }
+
+    void paragraphsAreJoinedByLineBreaks_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("cleaned");
+        QTest::newRow("two empty paragraphs") << QStringLiteral("\n") << QStringLiteral("<br>");
+        QTest::newRow("three empty paragraphs")
+            << QStringLiteral("\n\n") << QStringLiteral("<br><br>");
+        QTest::newRow("two lines") << QStringLiteral("a\nb") << QStringLiteral("a<br>b");
+        QTest::newRow("empty line between")
+            << QStringLiteral("a\n\nb") << QStringLiteral("a<br><br>b");
+        QTest::newRow("empty line at the end") << QStringLiteral("a\n") << QStringLiteral("a<br>");
+        QTest::newRow("line separator") << QStringLiteral("a\u2028b") << QStringLiteral("a<br>b");
+        QTest::newRow("line separators around")
+            << QStringLiteral("\u2028a\u2028\u2028") << QStringLiteral("<br>a<br><br>");
+        QTest::newRow("both kinds")
+            << QStringLiteral("a\u2028b\nc") << QStringLiteral("a<br>b<br>c");
+    }
+
+    void paragraphsAreJoinedByLineBreaks()
+    {
+        QFETCH(const QString, text);
+        QTextDocument document;
+        document.setPlainText(text);
+        QTEST(CleanedHtml::fromDocument(document), "cleaned");
+    }
+
+    void textIsNotEscaped()
+    {
+        QTextDocument document;
+        document.setPlainText(QStringLiteral("a < b > c & d &amp; \"e\" <b>f</b>"));
+        QCOMPARE(CleanedHtml::fromDocument(document),
+                 QStringLiteral("a < b > c & d &amp; \"e\" <b>f</b>"));
+    }
+
+    void onlyRaisedAndLoweredRunsGetTags_data()
+    {
+        QTest::addColumn<QTextCharFormat>("format");
+        QTest::addColumn<QString>("cleaned");
+        QTextCharFormat bold;
+        bold.setFontWeight(QFont::Bold);
+        QTextCharFormat italic;
+        italic.setFontItalic(true);
+        QTextCharFormat coloured;
+        coloured.setForeground(Qt::red);
+        QTextCharFormat large;
+        large.setFontPointSize(30);
+        QTextCharFormat underlined;
+        underlined.setFontUnderline(true);
+        QTextCharFormat link;
+        link.setAnchor(true);
+        link.setAnchorHref(QStringLiteral("https://example.org"));
+        QTextCharFormat boldRaised = aligned(QTextCharFormat::AlignSuperScript);
+        boldRaised.setFontWeight(QFont::Bold);
+
+        const QString plain = QStringLiteral("a2b");
+        QTest::newRow("superscript")
+            << aligned(QTextCharFormat::AlignSuperScript) << QStringLiteral("a<sup>2</sup>b");
+        QTest::newRow("subscript")
+            << aligned(QTextCharFormat::AlignSubScript) << QStringLiteral("a<sub>2</sub>b");
+        QTest::newRow("bold superscript") << boldRaised << QStringLiteral("a<sup>2</sup>b");
+        QTest::newRow("normal") << aligned(QTextCharFormat::AlignNormal) << plain;
+        QTest::newRow("middle") << aligned(QTextCharFormat::AlignMiddle) << plain;
+        QTest::newRow("top") << aligned(QTextCharFormat::AlignTop) << plain;
+        QTest::newRow("bottom") << aligned(QTextCharFormat::AlignBottom) << plain;
+        QTest::newRow("baseline") << aligned(QTextCharFormat::AlignBaseline) << plain;
+        QTest::newRow("bold") << bold << plain;
+        QTest::newRow("italic") << italic << plain;
+        QTest::newRow("colour") << coloured << plain;
+        QTest::newRow("size") << large << plain;
+        QTest::newRow("underline") << underlined << plain;
+        QTest::newRow("link") << link << plain;
+    }
+
+    void onlyRaisedAndLoweredRunsGetTags()
+    {
+        QFETCH(const QTextCharFormat, format);
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        cursor.insertText(QStringLiteral("a"), QTextCharFormat());
+        cursor.insertText(QStringLiteral("2"), format);
+        cursor.insertText(QStringLiteral("b"), QTextCharFormat());
+        QTEST(CleanedHtml::fromDocument(document), "cleaned");
+    }
+
+    void neighbouringRunsOfDifferentFormatsAreNotMerged()
+    {
+        QTextCharFormat bold = aligned(QTextCharFormat::AlignSuperScript);
+        bold.setFontWeight(QFont::Bold);
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        cursor.insertText(QStringLiteral("1"), aligned(QTextCharFormat::AlignSuperScript));
+        cursor.insertText(QStringLiteral("2"), bold);
+        QCOMPARE(CleanedHtml::fromDocument(document), QStringLiteral("<sup>1</sup><sup>2</sup>"));
+    }
+
+    void raisedRunGetsTagsOnEveryLine_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("cleaned");
+        QTest::newRow("separator inside")
+            << QStringLiteral("1\u20282") << QStringLiteral("<sup>1</sup><br><sup>2</sup>");
+        QTest::newRow("empty part between")
+            << QStringLiteral("1\u2028\u20282")
+            << QStringLiteral("<sup>1</sup><br><sup></sup><br><sup>2</sup>");
+        QTest::newRow("separator alone")
+            << QStringLiteral("\u2028") << QStringLiteral("<sup></sup><br><sup></sup>");
+        QTest::newRow("paragraphs")
+            << QStringLiteral("1\n2") << QStringLiteral("<sup>1</sup><br><sup>2</sup>");
+    }
+
+    void raisedRunGetsTagsOnEveryLine()
+    {
+        QFETCH(const QString, text);
+        QTextDocument document;
+        QTextCursor(&document).insertText(text, aligned(QTextCharFormat::AlignSuperScript));
+        QTEST(CleanedHtml::fromDocument(document), "cleaned");
+    }
+
+    void filterRemovesTagsOtherThanSubSupAndBr_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("filtered");
+        const auto stays = [](const char* name, const QString& text) {
+            QTest::newRow(name) << text << text;
+        };
+        stays("no tags", QStringLiteral("water"));
+        stays("sub", QStringLiteral("H<sub>2</sub>O"));
+        stays("sup", QStringLiteral("H<sup>+</sup>"));
+        stays("br", QStringLiteral("a<br>b"));
+        stays("sub with attribute", QStringLiteral("H<sub class=\"x\">2</sub>"));
+        stays("self-closing br", QStringLiteral("a<br/>b<br />c"));
+        stays("closing br", QStringLiteral("a</br>b"));
+        stays("sub with a hyphen", QStringLiteral("<sub-x>2</sub-x>"));
+        stays("entities", QStringLiteral("R&amp;D &lt;b&gt; &nbsp;"));
+        stays("greater-than alone", QStringLiteral("1 > 2"));
+        stays("less-than that is never closed", QStringLiteral("a < b"));
+
+        QTest::newRow("b") << QStringLiteral("a<b>b</b>c") << QStringLiteral("abc");
+        QTest::newRow("span with attributes")
+            << QStringLiteral("a<span style=\"color:red\" id='x'>b</span>c")
+            << QStringLiteral("abc");
+        QTest::newRow("upper-case br") << QStringLiteral("a<BR>b") << QStringLiteral("ab");
+        QTest::newRow("upper-case sub")
+            << QStringLiteral("a<SUB>2</Sub>b") << QStringLiteral("a2b");
+        QTest::newRow("subscript")
+            << QStringLiteral("a<subscript>2</subscript>b") << QStringLiteral("a2b");
+        QTest::newRow("broken") << QStringLiteral("a<broken>b") << QStringLiteral("ab");
+        QTest::newRow("sub1") << QStringLiteral("a<sub1>b") << QStringLiteral("ab");
+        QTest::newRow("blank before the name")
+            << QStringLiteral("a< sub>b") << QStringLiteral("ab");
+        QTest::newRow("blank after the stroke")
+            << QStringLiteral("a</ sub>b") << QStringLiteral("ab");
+        QTest::newRow("foreign around kept")
+            << QStringLiteral("<i><sub>2</sub></i>") << QStringLiteral("<sub>2</sub>");
+        QTest::newRow("comment") << QStringLiteral("a<!-- x -->b") << QStringLiteral("ab");
+        QTest::newRow("empty tag") << QStringLiteral("a<>b") << QStringLiteral("ab");
+        QTest::newRow("across lines") << QStringLiteral("a<b\nc>d") << QStringLiteral("ad");
+        QTest::newRow("less-than before a greater-than")
+            << QStringLiteral("1 < 2 and 3 > 2") << QStringLiteral("1  2");
+        QTest::newRow("less-than before a kept tag")
+            << QStringLiteral("a < b<sub>2</sub>") << QStringLiteral("a 2</sub>");
+        QTest::newRow("only one pass") << QStringLiteral("<<b>b>") << QStringLiteral("b>");
+    }
+
+    void filterRemovesTagsOtherThanSubSupAndBr()
+    {
+        QFETCH(const QString, text);
+        QTEST(CleanedHtml::withoutForeignTags(text), "filtered");
+    }
+
+    void readerGetsTextWithoutBareLessThanUntouched_data()
+    {
+        QTest::addColumn<QString>("text");
+        for (const char* text :
+             {"", "water", "H<sub>2</sub>O", "a<br>b<br/>c<BR>d", "R&D &lt; &amp; &nbsp;", "1 > 2",
+              "<span style=\" vertical-align:sub; color:#ff0000;\">2</span>", "<p>a</p><p>b</p>",
+              "<table><tr><td>1</td><td>2</td></tr></table>"})
+            QTest::newRow(*text == '\0' ? "empty" : text) << QString::fromLatin1(text);
+        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV");
+        QTest::newRow("outside Latin 1") << QStringLiteral("\u03b1-pinene \u2192 \U0001F9EA");
+    }
+
+    void readerGetsTextWithoutBareLessThanUntouched()
+    {
+        QFETCH(const QString, text);
+        QCOMPARE(CleanedHtml::forHtmlReader(text), text);
+    }
+
+    void readerGetsBareLessThanAsText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("prepared");
+        const auto row = [](const char* text, const char* prepared) {
+            QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(prepared);
+        };
+        row("<", "&lt;");
+        row("a <", "a &lt;");
+        row("resolution < 10 meV", "resolution &lt; 10 meV");
+        row("resolution <10 meV", "resolution &lt;10 meV");
+        row("a <= b", "a &lt;= b");
+        row("<<", "&lt;&lt;");
+        row("<<br>", "&lt;<br>");
+        row("1 < 2 > 0", "1 &lt; 2 > 0");
+        row("< <sub>2</sub>", "&lt; <sub>2</sub>");
+        row("CO<sub>2</sub> < 5", "CO<sub>2</sub> &lt; 5");
+        row("<sup>3</sup>He < <sup>4</sup>He", "<sup>3</sup>He &lt; <sup>4</sup>He");
+        row("<&amp;>", "&lt;&amp;>");
+        row("a<b", "a&lt;b");
+        row("x<sub>2</sub> a</b", "x<sub>2</sub> a&lt;/b");
+        row("H<sub>2", "H<sub>2");
+        row("H<sub", "H&lt;sub");
+        row("<!-- never closed", "&lt;!-- never closed");
+        row("<?", "&lt;?");
+        row("</", "&lt;/");
+        row("> <a", "> &lt;a");
+        QTest::newRow("letter outside ASCII")
+            << QStringLiteral("<\u03b1>") << QStringLiteral("&lt;\u03b1>");
+        QTest::newRow("no-break space")
+            << QStringLiteral("<\u00a05>") << QStringLiteral("&lt;\u00a05>");
+    }
+
+    void readerGetsBareLessThanAsText()
+    {
+        QFETCH(const QString, text);
+        QTEST(CleanedHtml::forHtmlReader(text), "prepared");
+    }
+
+    void textComesBackCharacterForCharacter_data()
+    {
+        QTest::addColumn<QString>("text");
+        for (const char* text : {"",
+                                 "water",
+                                 "H<sub>2</sub>O",
+                                 "C<sub>60</sub><sup>+</sup>",
+                                 "a<br>b<br>c",
+                                 "<br>",
+                                 "<sup>1</sup><br><sup>2</sup>",
+                                 "R&D",
+                                 "1 > 2",
+                                 "resolution < 10 meV",
+                                 "resolution <10 meV",
+                                 "a<b",
+                                 "a <= b",
+                                 "<",
+                                 "<<",
+                                 "1 < 2 > 0",
+                                 "CO<sub>2</sub> < 5 meV",
+                                 "< 5 <sup>a</sup> < 7 <br>< 9",
+                                 "a &",
+                                 "5 \"inches\"",
+                                 "10.1039/C4CP04122B?x=1&y=2",
+                                 "InChI=1S/H2O/h1H2",
+                                 "E<E<sub>0</sub>",
+                                 "a<b<c",
+                                 "a<b and c<sup>2</sup>",
+                                 "<-- not a comment"})
+            QTest::newRow(*text == '\0' ? "empty" : text) << QString::fromLatin1(text);
+        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV \u00b1\u00a00.1");
+        QTest::newRow("outside Latin 1") << QStringLiteral("\u03b1-pinene \u2192 \U0001F9EA");
+    }
+
+    void textComesBackCharacterForCharacter()
+    {
+        QFETCH(const QString, text);
+        QCOMPARE(throughTheReader(text), text);
+    }
+
+    void foreignMarkupLeavesItsText_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::addColumn<QString>("cleaned");
+        const auto row = [](const char* html, const char* cleaned) {
+            QTest::newRow(html) << QString::fromLatin1(html) << QString::fromLatin1(cleaned);
+        };
+        row("<p>a<p>b", "a<br>b");
+        row("<p>a</p><p>b</p>", "a<br>b");
+        row("<ul><li>a<li>b</ul>", "a<br>b");
+        row("<ul><li>a</li><li>b</li></ul>", "a<br>b");
+        row("<div>a</div><div>b</div>", "a<br>b");
+        row("a <b>bold</b> <i>word</i>", "a bold word");
+        row("<span style=\"vertical-align:sub;\">2</span>", "<sub>2</sub>");
+        row("a<!-- note -->b", "ab");
+        row("a<!-- <b> -->b", "ab");
+        row("<?xml version='1.0'?>a", "a");
+        row("<!DOCTYPE HTML><html><head><title>t</title></head><body>a</body></html>", "a");
+        row("R&amp;D &lt;x&gt;", "R&D <x>");
+        row("a\nb   c", "a b c");
+        row("a<BR>b<br/>c", "a<br>b<br>c");
+        row("<SUB>2</SUB>", "<sub>2</sub>");
+    }
+
+    void foreignMarkupLeavesItsText()
+    {
+        QFETCH(const QString, html);
+        QTEST(throughTheReader(html), "cleaned");
+    }
+
+    void manyParagraphsListItemsAndCellsKeepTheirPlaces()
+    {
+        QCOMPARE(throughTheReader(repeated("<p>a", 300)), repeated("a<br>", 299) + u'a');
+        const QString items = QStringLiteral("<ul>") + repeated("<li>a", 200) + u"</ul>";
+        QCOMPARE(throughTheReader(items), repeated("a<br>", 199) + u'a');
+        QCOMPARE(throughTheReader(QStringLiteral("x<table><tr><td>a<td>b<tr><td>c</table>y")),
+                 throughTheReader(QStringLiteral("x<table><tr><td>a</td><td>b</td></tr>"
+                                                 "<tr><td>c</td></tr></table>y")));
+        QVERIFY(throughTheReader(QStringLiteral("<table><tr><td>a<td>b<tr><td>c</table>"))
+                    .contains(u"a<br>b<br>c"));
+    }
+
+    void longRunsOfMarkupStayWhole()
+    {
+        const QString formula = repeated("C<sub>2</sub>H<sup>+</sup><br>", 2000);
+        QCOMPARE(CleanedHtml::forHtmlReader(formula), formula);
+    }
+
+    void hostileNestingIsReadInFiniteTime_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("tables") << repeated("<table><tr><td>", 40);
+        QTest::newRow("upper-case tables") << repeated("<TABLE><Tr><tD>", 40);
+        QTest::newRow("closed tables")
+            << repeated("<table><tr><td>", 40) + repeated("</td></tr></table>", 40);
+        QTest::newRow("tables without rows") << repeated("<table>", 40);
+        QTest::newRow("tables in lists") << repeated("<table><tr><td><ul><li>", 40);
+        QTest::newRow("tables with attributes")
+            << repeated("<table border=1 width='10%'><tr><td colspan=\"2\">", 40);
+        QTest::newRow("closing tag of another name that begins alike")
+            << repeated("<table><tr><td></table-x>", 40);
+        QTest::newRow("closing tag in a comment")
+            << repeated("<table><tr><td><!-- > </table> -->", 40);
+        QTest::newRow("closing tag in an attribute")
+            << repeated("<table><tr><td><b x=\"</table>\">", 40);
+        QTest::newRow("closing tag in a single-quoted attribute")
+            << repeated("<table><tr><td><b x='</table>'>", 40);
+        QTest::newRow("name with an entity") << repeated("<t&#97;ble><tr><td>", 40);
+        QTest::newRow("name that is an entity at its end") << repeated("<tabl&#101;><tr><td>", 40);
+        QTest::newRow("closing an element that a cell has ended")
+            << QStringLiteral("<table><tr><td>") + repeated("<b><td><table><tr><td></b>", 40);
+        QTest::newRow("closing an element around the table")
+            << repeated("<p><table><tr><td></p>", 40);
+        QTest::newRow("self-closing") << repeated("<table/><tr/><td/>", 40);
+        QTest::newRow("divisions") << repeated("<div>", 100000);
+        QTest::newRow("lists") << repeated("<ul><li>", 50000);
+        QTest::newRow("quotations") << repeated("<blockquote>", 50000);
+        QTest::newRow("raised") << repeated("<sup>", 100000);
+        QTest::newRow("divisions not really closed") << repeated("<div></div-x>", 50000);
+        QTest::newRow("cells without a table") << repeated("<td>", 40);
+        QTest::newRow("self-closing cells without a table") << repeated("<td/>", 40);
+        QTest::newRow("cells behind their row")
+            << QStringLiteral("<table>") + repeated("<tr></tr><td>", 40);
+        QTest::newRow("cells whose row was closed")
+            << QStringLiteral("<table><tr>") + repeated("</tr><td>", 40);
+        QTest::newRow("rows whose table was closed") << repeated("<tr></table><td></tr>", 40);
+        QTest::newRow("name before an equals sign") << repeated("<table=x><tr=x><td=x>", 40);
+        QTest::newRow("name before another tag") << repeated("<table<x><tr<x><td<x>", 40);
+        QTest::newRow("raised, not really closed") << repeated("<sup></sup/x>", 50000);
+        QTest::newRow("raised, closed in a comment") << repeated("<sup><!-- > </sup> -->", 50000);
+        QTest::newRow("raised, closed in an attribute") << repeated("<sup x=\"></sup>\">", 50000);
+        QTest::newRow("raised often, closed in comments")
+            << QString(repeated("<sup>", 64) + u"<!-- >" + repeated("</sup>", 64) + u" -->")
+                   .repeated(1000);
+        QTest::newRow("raised often, closed in attributes")
+            << QString(repeated("<sup>", 64) + u"<b x=\">" + repeated("</sup>", 64) + u"\">")
+                   .repeated(1000);
+        QTest::newRow("cells in definitions")
+            << QStringLiteral("<dl><table><tr>") + repeated("<dd></dd><td></tr>", 40);
+        QTest::newRow("processing instructions") << repeated("<?a>", 50000);
+        QTest::newRow("paragraphs that end an element")
+            << repeated("<b><p><div><div><div><div><div><div><div><div></b>", 8000);
+        QTest::newRow("less-thans") << repeated("<", 20000);
+        QTest::newRow("closing tags") << repeated("</div>", 100000);
+        QTest::newRow("tags never closed") << repeated("<b ", 100000);
+        QTest::newRow("comments never closed") << repeated("<!-- ", 100000) + u'>';
+    }
+
+    void hostileNestingIsReadInFiniteTime()
+    {
+        QFETCH(const QString, text);
+        const Deadline deadline;
+        const QString content = text + u"end";
+        QTextDocument document;
+        document.setHtml(CleanedHtml::forHtmlReader(content));
+        document.adjustSize();
+        QVERIFY(document.size().isValid());
+    }
+
+    void deepNestingKeepsTheText()
+    {
+        const Deadline deadline;
+        const QString tables =
+            repeated("<table><tr><td>a", 30) + repeated("</td></tr></table>", 30);
+        QCOMPARE(throughTheReader(tables).count(u'a'), 30);
+        const QString divisions = repeated("<div>a", 500) + repeated("</div>", 500);
+        QCOMPARE(throughTheReader(divisions).count(u'a'), 500);
+    }
+
+    void raisedTextBehindDeepNestingIsStillRaised()
+    {
+        const QString text = repeated("<div>", 200) + repeated("</div>", 200) + u"H<sub>2</sub>O";
+        QVERIFY(throughTheReader(text).endsWith(u"H<sub>2</sub>O"));
+    }
+};
+
+QTEST_MAIN(TestCleanedHtml)
+#include "tst_cleanedhtml.moc"

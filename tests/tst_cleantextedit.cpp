@@ -1,0 +1,265 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/sandbox.h"
+#include "widgets/cleantextedit.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMetaProperty>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+/// A field between two others, shown and with the focus.
+struct Form
+{
+    QWidget window;
+    QLineEdit* before = new QLineEdit;
+    CleanTextEdit* field = new CleanTextEdit;
+    QLineEdit* after = new QLineEdit;
+
+    Form()
+    {
+        auto* layout = new QVBoxLayout(&window);
+        layout->addWidget(before);
+        layout->addWidget(field);
+        layout->addWidget(after);
+    }
+
+    [[nodiscard]] bool show()
+    {
+        if (!TestSupport::showActive(window))
+            return false;
+        field->setFocus();
+        return field->hasFocus();
+    }
+};
+
+void copyRichText(const QString& html, const QString& text)
+{
+    auto* data = new QMimeData;
+    data->setHtml(html);
+    data->setText(text);
+    QGuiApplication::clipboard()->setMimeData(data);
+}
+
+} // namespace
+
+/// The multi-line rich-text field.
+class TestCleanTextEdit : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QGuiApplication::clipboard()->clear(); }
+
+    void contentIsAPropertyThatAnnouncesItsChanges()
+    {
+        const QMetaObject& meta = CleanTextEdit::staticMetaObject;
+        QCOMPARE(meta.className(), "CleanTextEdit");
+        QCOMPARE(meta.superClass(), &QTextEdit::staticMetaObject);
+        QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 1);
+        const QMetaProperty property = meta.property(meta.indexOfProperty("cleanedHtml"));
+        QCOMPARE(property.metaType(), QMetaType::fromType<QString>());
+        QVERIFY(property.isReadable());
+        QVERIFY(property.isWritable());
+        QVERIFY(property.isStored());
+        QVERIFY(property.isDesignable());
+        QVERIFY(property.isScriptable());
+        QVERIFY(!property.isUser());
+        QCOMPARE(property.notifySignal().methodSignature(), "cleanedHtmlChanged()");
+    }
+
+    void hasOnePublicSignalAndOnePrivateSlot()
+    {
+        const QMetaObject& meta = CleanTextEdit::staticMetaObject;
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
+        const QMetaMethod signal = meta.method(meta.indexOfSignal("cleanedHtmlChanged()"));
+        QCOMPARE(signal.access(), QMetaMethod::Public);
+        const QMetaMethod slot = meta.method(meta.indexOfSlot("onTextChanged()"));
+        QCOMPARE(slot.access(), QMetaMethod::Private);
+    }
+
+    void isEmptyAtFirst()
+    {
+        QWidget parent;
+        const auto* field = new CleanTextEdit(&parent);
+        QCOMPARE(field->parentWidget(), &parent);
+        QCOMPARE(field->cleanedHtml(), QString());
+        QVERIFY(field->tabChangesFocus());
+        QVERIFY(!field->acceptRichText());
+    }
+
+    void loadedContentReadsBackTheSame_data()
+    {
+        QTest::addColumn<QString>("html");
+        for (const char* html :
+             {"", "water", "H<sub>2</sub>O", "H<sub>3</sub>O<sup>+</sup>", "a<br>b<br>c",
+              "<sup>2</sup>P<sub>3/2</sub><br>R&D", "resolution < 10 meV", "<", "a<b", "1 > 2"})
+            QTest::newRow(html) << QString::fromLatin1(html);
+        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV");
+    }
+
+    void loadedContentReadsBackTheSame()
+    {
+        QFETCH(const QString, html);
+        CleanTextEdit field;
+        field.setCleanedHtml(html);
+        QCOMPARE(field.cleanedHtml(), html);
+        field.setCleanedHtml(field.cleanedHtml());
+        QCOMPARE(field.cleanedHtml(), html);
+    }
+
+    void propertyLoadsAndReadsTheSameContent()
+    {
+        CleanTextEdit field;
+        QVERIFY(field.setProperty("cleanedHtml", QStringLiteral("H<sub>2</sub>O")));
+        QCOMPARE(field.toPlainText(), QStringLiteral("H2O"));
+        QCOMPARE(field.property("cleanedHtml").toString(), QStringLiteral("H<sub>2</sub>O"));
+    }
+
+    void loadedMarkupRaisesAndLowersCharacters()
+    {
+        CleanTextEdit field;
+        field.setCleanedHtml(QStringLiteral("a<sup>b</sup><sub>c</sub>"));
+        QTextCursor cursor = field.textCursor();
+        cursor.setPosition(1);
+        QCOMPARE(cursor.charFormat().verticalAlignment(), QTextCharFormat::AlignNormal);
+        cursor.setPosition(2);
+        QCOMPARE(cursor.charFormat().verticalAlignment(), QTextCharFormat::AlignSuperScript);
+        cursor.setPosition(3);
+        QCOMPARE(cursor.charFormat().verticalAlignment(), QTextCharFormat::AlignSubScript);
+    }
+
+    void loadedLineBreakStaysInsideTheParagraph()
+    {
+        CleanTextEdit field;
+        field.setCleanedHtml(QStringLiteral("a<br>b"));
+        QCOMPARE(field.document()->blockCount(), 1);
+        QCOMPARE(field.toPlainText(), QStringLiteral("a\nb"));
+    }
+
+    void loadingReplacesAllContent()
+    {
+        CleanTextEdit field;
+        field.setCleanedHtml(QStringLiteral("first<br>second"));
+        field.setCleanedHtml(QStringLiteral("third"));
+        QCOMPARE(field.cleanedHtml(), QStringLiteral("third"));
+        field.setCleanedHtml(QString());
+        QCOMPARE(field.cleanedHtml(), QString());
+    }
+
+    void everyChangeIsAnnounced()
+    {
+        Form form;
+        QVERIFY(form.show());
+        const QSignalSpy changes(form.field, &CleanTextEdit::cleanedHtmlChanged);
+        form.field->setCleanedHtml(QStringLiteral("a"));
+        QVERIFY(changes.count() > 0);
+        const auto afterLoading = changes.count();
+        QTest::keyClicks(form.field, QStringLiteral("bc"));
+        QCOMPARE(changes.count(), afterLoading + 2);
+        QTest::keyClick(form.field, Qt::Key_Left);
+        QCOMPARE(changes.count(), afterLoading + 2);
+    }
+
+    void announcementComesWhenTheNewContentCanBeRead()
+    {
+        CleanTextEdit field;
+        QString seen;
+        connect(&field, &CleanTextEdit::cleanedHtmlChanged, this,
+                [&] { seen = field.cleanedHtml(); });
+        QTest::keyClicks(&field, QStringLiteral("a"));
+        QCOMPARE(seen, QStringLiteral("a"));
+    }
+
+    void enterStartsANewLine_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::newRow("Return") << int(Qt::Key_Return) << int(Qt::NoModifier);
+        QTest::newRow("Enter") << int(Qt::Key_Enter) << int(Qt::KeypadModifier);
+        QTest::newRow("Shift+Return") << int(Qt::Key_Return) << int(Qt::ShiftModifier);
+    }
+
+    void enterStartsANewLine()
+    {
+        QFETCH(const int, key);
+        QFETCH(const int, modifiers);
+        Form form;
+        QVERIFY(form.show());
+        const auto breakLine = [&] {
+            QTest::keyClick(form.field, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        };
+        QTest::keyClicks(form.field, QStringLiteral("one"));
+        breakLine();
+        QTest::keyClicks(form.field, QStringLiteral("two"));
+        breakLine();
+        QTest::keyClicks(form.field, QStringLiteral("three"));
+        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("one<br>two<br>three"));
+    }
+
+    void typedSpecialCharactersAreNotEscaped()
+    {
+        Form form;
+        QVERIFY(form.show());
+        QTest::keyClicks(form.field, QStringLiteral("a < b & c > d <i>"));
+        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("a < b & c > d <i>"));
+    }
+
+    void typedFormattingIsDropped()
+    {
+        Form form;
+        QVERIFY(form.show());
+        form.field->setFontWeight(QFont::Bold);
+        form.field->setFontItalic(true);
+        form.field->setTextColor(Qt::red);
+        QTest::keyClicks(form.field, QStringLiteral("loud"));
+        QCOMPARE(form.field->fontWeight(), int(QFont::Bold));
+        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("loud"));
+    }
+
+    void tabMovesTheFocus()
+    {
+        Form form;
+        QVERIFY(form.show());
+        QTest::keyClick(form.field, Qt::Key_Tab);
+        QVERIFY(form.after->hasFocus());
+        form.field->setFocus();
+        QTest::keyClick(form.field, Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(form.before->hasFocus());
+        QCOMPARE(form.field->cleanedHtml(), QString());
+    }
+
+    void pastedRichTextIsPlainWithItsLines()
+    {
+        Form form;
+        QVERIFY(form.show());
+        copyRichText(QStringLiteral("<p><b>one</b> <sup>1</sup></p><p>two</p>"),
+                     QStringLiteral("one 1\ntwo"));
+        QTest::keyClick(form.field, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("one 1<br>two"));
+        QCOMPARE(form.field->document()->blockCount(), 2);
+        QCOMPARE(form.field->fontWeight(), int(QFont::Normal));
+    }
+
+    void copiedAndPastedMarkupIsPlain()
+    {
+        Form form;
+        QVERIFY(form.show());
+        form.field->setCleanedHtml(QStringLiteral("H<sub>2</sub>O"));
+        QTest::keyClick(form.field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(form.field, Qt::Key_C, Qt::ControlModifier);
+        QTest::keyClick(form.field, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClick(form.field, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("H<sub>2</sub>OH2O"));
+    }
+};
+
+QTEST_MAIN(TestCleanTextEdit)
+#include "tst_cleantextedit.moc"

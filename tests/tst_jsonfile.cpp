@@ -1,0 +1,455 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "support/jsonfile.h"
+#include "tests/support/sandbox.h"
+#include "tests/support/traps.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QTest>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using JsonFile::WriteResult;
+
+/// While it lives, the program has the rights of an ordinary user even when root runs the tests.
+class OrdinaryUser
+{
+public:
+    OrdinaryUser() { valid = !isRoot || setresuid(nobody, nobody, 0) == 0; }
+    ~OrdinaryUser()
+    {
+        if (isRoot && setresuid(0, 0, 0) != 0)
+            qFatal("cannot become root again");
+    }
+    Q_DISABLE_COPY_MOVE(OrdinaryUser)
+    [[nodiscard]] bool isValid() const { return valid; }
+
+private:
+    static constexpr uid_t nobody = 65534;
+    bool isRoot = geteuid() == 0;
+    bool valid = false;
+};
+
+/// While it lives, no file grows beyond 64 KiB: what is written behind that is cut off, as on a
+/// full disk.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &oldLimit);
+        rlimit limit = oldLimit;
+        limit.rlim_cur = 65536;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &oldLimit);
+        std::signal(SIGXFSZ, oldHandler);
+    }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    void (*oldHandler)(int) = nullptr;
+    rlimit oldLimit{};
+};
+
+void setMode(const QString& path, mode_t mode)
+{
+    if (chmod(QFile::encodeName(path).constData(), mode) != 0)
+        qFatal("cannot set the mode of %s", qPrintable(path));
+}
+
+uint modeOf(const QString& path)
+{
+    struct stat status = {};
+    stat(QFile::encodeName(path).constData(), &status);
+    return status.st_mode & 0777U;
+}
+
+QJsonObject small()
+{
+    return {{QStringLiteral("a"), 1}};
+}
+
+QByteArray smallText()
+{
+    return "{\"a\":1}";
+}
+
+QJsonObject large()
+{
+    return {{QStringLiteral("a"), QString(1'000'000, u'x')}};
+}
+
+WriteResult write(const QString& path, const QJsonObject& object)
+{
+    return JsonFile::write(path, object, QJsonDocument::Compact);
+}
+
+QStringList filesIn(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                  QDir::NoDotAndDotDot);
+}
+
+} // namespace
+
+/// Reading whole JSON files, and writing them whole or not at all.
+class TestJsonFile : public QObject
+{
+    Q_OBJECT
+
+    /// An empty folder of the sandbox, which an ordinary user can reach.
+    static QString newFolder(const Sandbox& sandbox)
+    {
+        setMode(sandbox.path(), 0755);
+        QDir(sandbox.path()).mkdir(QStringLiteral("folder"));
+        setMode(sandbox.path(QStringLiteral("folder")), 0777);
+        return sandbox.path(QStringLiteral("folder"));
+    }
+
+private Q_SLOTS:
+    void readsWholeDocumentsOnly_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("parsed");
+        QTest::addColumn<QJsonObject>("object");
+        const QJsonObject none;
+        const QByteArray good = R"({"a": 1, "b": "\u00e4"})";
+        const QJsonObject goodObject{{QStringLiteral("a"), 1},
+                                     {QStringLiteral("b"), QStringLiteral("\u00e4")}};
+
+        QTest::newRow("object") << good << true << goodObject;
+        QTest::newRow("with a byte-order mark") << "\xEF\xBB\xBF" + good << true << goodObject;
+        QTest::newRow("white space around") << "\r\n\t " + good + " \n\n" << true << goodObject;
+        QTest::newRow("empty object") << QByteArray("{}") << true << none;
+        QTest::newRow("array") << QByteArray("[{\"a\": 1}]") << true << none;
+        QTest::newRow("of equal keys the last")
+            << QByteArray(R"({"a": 2, "a": 1})") << true << small();
+        QTest::newRow("500 levels")
+            << QByteArray("{\"a\":") + QByteArray(500, '[') + QByteArray(500, ']') + "}" << true
+            << QJsonDocument::fromJson("{\"a\":" + QByteArray(500, '[') + QByteArray(500, ']') +
+                                       "}")
+                   .object();
+
+        const auto refused = [&none](const char* name, const QByteArray& bytes) {
+            QTest::newRow(name) << bytes << false << none;
+        };
+        refused("empty", "");
+        refused("white space", " \n ");
+        refused("text", "not JSON");
+        refused("scalar", "5");
+        refused("string", "\"a\"");
+        refused("null", "null");
+        refused("truncated", good.left(10));
+        refused("truncated by one byte", good.chopped(1));
+        refused("corrupt", QByteArray(good).replace(':', ';'));
+        refused("text behind", good + "x");
+        refused("second document behind", good + good);
+        refused("NUL behind", good + '\0');
+        refused("comma at the end", "{\"a\": 1,}");
+        refused("comment", "{\"a\": 1 /* one */}");
+        refused("single quotes", "{'a': 1}");
+        refused("NaN", "{\"a\": NaN}");
+        refused("number out of range", "{\"a\": 1e999}");
+        refused("bad UTF-8", "{\"a\": \"\xff\xfe\"}");
+        refused("bad UTF-8 in a key", "{\"\xc3\": 1}");
+        refused("UTF-16", QByteArray("\xff\xfe{\0}\0", 6));
+        refused("2000 levels", "{\"a\":" + QByteArray(2000, '[') + QByteArray(2000, ']') + "}");
+        refused("2000 levels of objects",
+                QByteArray("{\"a\":").repeated(2000) + "1" + QByteArray(2000, '}'));
+        refused("100000 levels never closed", QByteArray(100000, '['));
+        refused("binary", QByteArray("\x89PNG\r\n\x1a\n\0\0\0", 11));
+    }
+
+    void readsWholeDocumentsOnly()
+    {
+        QFETCH(const QByteArray, bytes);
+        const Sandbox sandbox;
+        const QString path = sandbox.write(QStringLiteral("file.json"), bytes);
+        const JsonFile::ReadResult result = JsonFile::read(path);
+        QVERIFY(result.opened);
+        QTEST(result.parsed, "parsed");
+        QTEST(result.object, "object");
+        QCOMPARE(sandbox.read(QStringLiteral("file.json")), bytes);
+    }
+
+    void missingFileIsNotOpened()
+    {
+        const Sandbox sandbox;
+        for (const QString& path :
+             {sandbox.path(QStringLiteral("none.json")),
+              sandbox.path(QStringLiteral("no/folder.json")), sandbox.path()}) {
+            const JsonFile::ReadResult result = JsonFile::read(path);
+            QVERIFY(!result.opened);
+            QVERIFY(!result.parsed);
+            QCOMPARE(result.object, QJsonObject());
+        }
+        QCOMPARE(filesIn(sandbox.path()), QStringList{QStringLiteral(".settings")});
+    }
+
+    void unreadableFileIsNotOpened()
+    {
+        const Sandbox sandbox;
+        setMode(sandbox.path(), 0755);
+        const QString path = sandbox.write(QStringLiteral("file.json"), smallText());
+        setMode(path, 0);
+        const OrdinaryUser user;
+        QVERIFY(user.isValid());
+        QVERIFY(!JsonFile::read(path).opened);
+    }
+
+    void onlyRegularFilesAreRead()
+    {
+        const Sandbox sandbox;
+        const FifoTrap trap(sandbox.path(QStringLiteral("trap")));
+        QVERIFY(trap.isSet());
+        QVERIFY(!JsonFile::read(trap.path()).opened);
+        QVERIFY(!trap.sprung());
+        QVERIFY(!JsonFile::read(QStringLiteral("/dev/null")).opened);
+    }
+
+    void newFileIsWritten()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const mode_t oldMask = umask(022);
+        const WriteResult result = write(folder + u"/n\u00e4w.json", small());
+        umask(oldMask);
+        QCOMPARE(result, WriteResult::Written);
+        QCOMPARE(sandbox.read(QStringLiteral("folder/n\u00e4w.json")), smallText());
+        QCOMPARE(modeOf(folder + u"/n\u00e4w.json"), 0644U);
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("n\u00e4w.json")});
+    }
+
+    void formatIsAsAskedFor()
+    {
+        const Sandbox sandbox;
+        const QString path = sandbox.path(QStringLiteral("file.json"));
+        const QJsonObject object{{QStringLiteral("b"), QStringLiteral("\u00e4")},
+                                 {QStringLiteral("a"), QJsonArray{1, 2.5}}};
+        QCOMPARE(JsonFile::write(path, object, QJsonDocument::Indented), WriteResult::Written);
+        QCOMPARE(sandbox.read(QStringLiteral("file.json")),
+                 QByteArray("{\n    \"a\": [\n        1,\n        2.5\n    ],\n"
+                            "    \"b\": \"\xC3\xA4\"\n}\n"));
+        QCOMPARE(JsonFile::write(path, object, QJsonDocument::Compact), WriteResult::Written);
+        QCOMPARE(sandbox.read(QStringLiteral("file.json")),
+                 QByteArray("{\"a\":[1,2.5],\"b\":\"\xC3\xA4\"}"));
+    }
+
+    void whatWasWrittenIsReadBack()
+    {
+        const Sandbox sandbox;
+        const QString path = sandbox.path(QStringLiteral("file.json"));
+        QCOMPARE(write(path, large()), WriteResult::Written);
+        const JsonFile::ReadResult result = JsonFile::read(path);
+        QVERIFY(result.opened);
+        QVERIFY(result.parsed);
+        QCOMPARE(result.object, large());
+    }
+
+    void replacedFileKeepsItsPermissions_data()
+    {
+        QTest::addColumn<uint>("mode");
+        for (const uint mode : {0600U, 0640U, 0644U, 0660U, 0666U, 0755U})
+            QTest::addRow("%o", mode) << mode;
+    }
+
+    void replacedFileKeepsItsPermissions()
+    {
+        QFETCH(const uint, mode);
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"),
+                                           QByteArray("an older and longer content"));
+        setMode(path, mode);
+        QCOMPARE(write(path, small()), WriteResult::Written);
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), smallText());
+        QCOMPARE(modeOf(path), mode);
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+    }
+
+    void symbolicLinkStaysOne_data()
+    {
+        QTest::addColumn<QString>("linkTarget");
+        QTest::addColumn<bool>("targetExists");
+        QTest::newRow("file beside it") << QStringLiteral("real.json") << true;
+        QTest::newRow("file elsewhere") << QStringLiteral("../elsewhere.json") << true;
+        QTest::newRow("file that does not exist yet") << QStringLiteral("real.json") << false;
+        QTest::newRow("another link") << QStringLiteral("second.json") << true;
+    }
+
+    void symbolicLinkStaysOne()
+    {
+        QFETCH(const QString, linkTarget);
+        QFETCH(const bool, targetExists);
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString link = folder + u"/link.json";
+        QString realFile = QStringLiteral("folder/") + linkTarget;
+        if (linkTarget == QLatin1String("second.json")) {
+            realFile = QStringLiteral("folder/real.json");
+            QVERIFY(QFile::link(QStringLiteral("real.json"), folder + u"/second.json"));
+        }
+        if (targetExists)
+            sandbox.write(realFile, "old");
+        QVERIFY(QFile::link(linkTarget, link));
+        const QStringList files = filesIn(folder);
+
+        QCOMPARE(write(link, small()), WriteResult::Written);
+        for (const QString& file : files) {
+            if (file != QLatin1String("real.json"))
+                QVERIFY2(QFileInfo(folder + u'/' + file).isSymLink(), qPrintable(file));
+        }
+        QCOMPARE(sandbox.read(realFile), smallText());
+        QCOMPARE(filesIn(folder).size(), files.size() + (targetExists ? 0 : 1));
+    }
+
+    void folderIsNoTarget()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        sandbox.write(QStringLiteral("folder/file.json"), smallText());
+        QCOMPARE(write(folder, large()), WriteResult::NotOpened);
+        QCOMPARE(write(folder + u"/no/such/file.json", small()), WriteResult::NotOpened);
+        QCOMPARE(write(folder + u"/file.json/inside.json", small()), WriteResult::NotOpened);
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), smallText());
+    }
+
+    void newFileInReadOnlyFolderIsNotOpened()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        setMode(folder, 0555);
+        {
+            const OrdinaryUser user;
+            QVERIFY(user.isValid());
+            QCOMPARE(write(folder + u"/file.json", small()), WriteResult::NotOpened);
+        }
+        QCOMPARE(filesIn(folder), QStringList());
+        setMode(folder, 0777);
+    }
+
+    void readOnlyFileIsNotOpened()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        setMode(path, 0444);
+        {
+            const OrdinaryUser user;
+            QVERIFY(user.isValid());
+            QCOMPARE(write(path, small()), WriteResult::NotOpened);
+        }
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+    }
+
+    void writableFileInReadOnlyFolderIsWrittenInPlace()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"),
+                                           QByteArray("an older and longer content"));
+        setMode(path, 0666);
+        setMode(folder, 0555);
+        {
+            const OrdinaryUser user;
+            QVERIFY(user.isValid());
+            QCOMPARE(write(path, small()), WriteResult::Written);
+        }
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), smallText());
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        setMode(folder, 0777);
+    }
+
+    void fullDiskLeavesTheOldFileWhole()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        {
+            const FullDisk disk;
+            QCOMPARE(write(path, large()), WriteResult::NotWritten);
+        }
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+    }
+
+    void fullDiskLeavesNoNewFile()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        {
+            const FullDisk disk;
+            QCOMPARE(write(folder + u"/file.json", large()), WriteResult::NotWritten);
+        }
+        QCOMPARE(filesIn(folder), QStringList());
+    }
+
+    void cutOffWriteInPlaceIsNoSuccess()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        setMode(path, 0666);
+        setMode(folder, 0555);
+        {
+            const OrdinaryUser user;
+            QVERIFY(user.isValid());
+            const FullDisk disk;
+            QCOMPARE(write(path, large()), WriteResult::NotWritten);
+        }
+        setMode(folder, 0777);
+    }
+
+    void fullDeviceIsNoSuccess()
+    {
+        const QString device = QStringLiteral("/dev/full");
+        struct stat status = {};
+        if (stat("/dev/full", &status) != 0 || !S_ISCHR(status.st_mode))
+            QSKIP("there is no such device here");
+        // Never as root, who could replace the device by a file.
+        const OrdinaryUser user;
+        QVERIFY(user.isValid());
+        if (QFileInfo(QStringLiteral("/dev")).isWritable())
+            QSKIP("the folder of the devices is writable");
+        QCOMPARE(write(device, small()), WriteResult::NotWritten);
+        QCOMPARE(write(device, large()), WriteResult::NotWritten);
+        QVERIFY(!QFileInfo(device).isFile());
+    }
+
+    void pipeIsWrittenInPlace()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = folder + u"/pipe";
+        const QByteArray name = QFile::encodeName(path);
+        QCOMPARE(mkfifo(name.constData(), 0666), 0);
+        const int reader = open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+        QVERIFY(reader >= 0);
+
+        QCOMPARE(write(path, small()), WriteResult::Written);
+        QByteArray arrived(100, '\0');
+        const ssize_t count = read(reader, arrived.data(), 100);
+        close(reader);
+        QVERIFY(!QFileInfo(path).isFile());
+        QCOMPARE(arrived.left(count), smallText());
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("pipe")});
+    }
+};
+
+QTEST_MAIN(TestJsonFile)
+#include "tst_jsonfile.moc"

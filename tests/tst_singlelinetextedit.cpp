@@ -1,0 +1,294 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/sandbox.h"
+#include "widgets/singlelinetextedit.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMetaProperty>
+#include <QMimeData>
+#include <QTest>
+#include <QTextBlock>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace {
+
+/// The window of the fields; keeps account of the keys that reach it.
+class Window : public QWidget
+{
+public:
+    QList<int> keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        keys.append(event->key());
+        QWidget::keyPressEvent(event);
+    }
+};
+
+QTextCharFormat superscript()
+{
+    QTextCharFormat format;
+    format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+    return format;
+}
+
+int documentHeight(const SingleLineTextEdit& field)
+{
+    return static_cast<int>(field.document()->size().height());
+}
+
+} // namespace
+
+/// The one-line rich-text field.
+class TestSingleLineTextEdit : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<Window> window;
+    SingleLineTextEdit* before = nullptr;
+    SingleLineTextEdit* field = nullptr;
+    SingleLineTextEdit* after = nullptr;
+
+    void paste() const { QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier); }
+
+    void pasteText(const QString& text) const
+    {
+        QGuiApplication::clipboard()->setText(text);
+        paste();
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        window = std::make_unique<Window>();
+        auto* layout = new QVBoxLayout(window.get());
+        before = new SingleLineTextEdit;
+        field = new SingleLineTextEdit;
+        after = new SingleLineTextEdit;
+        layout->addWidget(before);
+        layout->addWidget(field);
+        layout->addWidget(after);
+        QVERIFY(TestSupport::showActive(*window));
+        field->setFocus();
+        QVERIFY(field->hasFocus());
+    }
+
+    void cleanup()
+    {
+        window.reset();
+        QGuiApplication::clipboard()->clear();
+    }
+
+    void addsNothingToTheMetaObject()
+    {
+        const QMetaObject& meta = SingleLineTextEdit::staticMetaObject;
+        QCOMPARE(meta.className(), "SingleLineTextEdit");
+        QCOMPARE(meta.superClass(), &CleanTextEdit::staticMetaObject);
+        QCOMPARE(meta.methodCount(), meta.methodOffset());
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+        QVERIFY(meta.indexOfProperty("cleanedHtml") >= 0);
+    }
+
+    void looksLikeALineEdit()
+    {
+        QWidget parent;
+        const auto* fresh = new SingleLineTextEdit(&parent);
+        QCOMPARE(fresh->parentWidget(), &parent);
+        QVERIFY(fresh->acceptRichText());
+        QVERIFY(fresh->tabChangesFocus());
+        QCOMPARE(fresh->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QCOMPARE(fresh->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QCOMPARE(fresh->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+        QCOMPARE(fresh->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+        QCOMPARE(fresh->frameStyle(), 0);
+        QCOMPARE(fresh->lineWrapMode(), QTextEdit::NoWrap);
+        QCOMPARE(fresh->styleSheet(),
+                 QStringLiteral("background-color: white; border: 1px solid gray; padding: 2px;"));
+    }
+
+    void returnInsertsNoLineBreakButReachesTheParent_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+            const char* name = key == Qt::Key_Return ? "Return" : "Enter";
+            for (const int modifiers :
+                 {int(Qt::NoModifier), int(Qt::ShiftModifier), int(Qt::ControlModifier),
+                  int(Qt::AltModifier), int(Qt::KeypadModifier),
+                  int(Qt::ShiftModifier | Qt::ControlModifier)})
+                QTest::addRow("%s with %x", name, uint(modifiers)) << int(key) << modifiers;
+        }
+    }
+
+    void returnInsertsNoLineBreakButReachesTheParent()
+    {
+        QFETCH(const int, key);
+        QFETCH(const int, modifiers);
+        QTest::keyClicks(field, QStringLiteral("ab"));
+        const int height = field->height();
+        QTest::keyClick(field, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(window->keys.count(key), 1);
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("ab"));
+        QCOMPARE(field->document()->blockCount(), 1);
+        QCOMPARE(field->height(), height);
+        QTest::keyClicks(field, QStringLiteral("c"));
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("abc"));
+        QCOMPARE(window->keys.count(key), 1);
+    }
+
+    void returnLeavesASelectionAlone()
+    {
+        QTest::keyClicks(field, QStringLiteral("ab"));
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Return);
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("ab"));
+        QVERIFY(field->textCursor().hasSelection());
+    }
+
+    void pastedTextBecomesOneLine_data()
+    {
+        QTest::addColumn<QString>("pasted");
+        QTest::addColumn<QString>("line");
+        const auto row = [](const char* name, const char* pasted, const char* line) {
+            QTest::newRow(name) << QString::fromLatin1(pasted) << QString::fromLatin1(line);
+        };
+        row("plain", "water", "water");
+        row("lines", "one\ntwo\r\nthree\rfour", "one two three four");
+        row("tabs", "one\t\ttwo", "one two");
+        row("repeated blanks", "one    two", "one two");
+        row("white space around", " \t\n one \r\n", "one");
+        row("all together", "\n one \t\r\n\n  two\t", "one two");
+        row("white space alone", " \n\t ", "");
+        row("markup is text", "H<sub>2</sub>O<br>x", "H<sub>2</sub>O<br>x");
+        QTest::newRow("line and paragraph separators")
+            << QStringLiteral("one\u2028two\u2029three") << QStringLiteral("one two three");
+        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV") << QStringLiteral("1 eV");
+    }
+
+    void pastedTextBecomesOneLine()
+    {
+        QFETCH(const QString, pasted);
+        pasteText(pasted);
+        QTEST(field->cleanedHtml(), "line");
+        QCOMPARE(field->document()->blockCount(), 1);
+    }
+
+    void pasteReplacesTheSelectionAtTheCursor()
+    {
+        QTest::keyClicks(field, QStringLiteral("abcd"));
+        QTextCursor cursor = field->textCursor();
+        cursor.setPosition(1);
+        cursor.setPosition(3, QTextCursor::KeepAnchor);
+        field->setTextCursor(cursor);
+        pasteText(QStringLiteral(" x\ny "));
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("ax yd"));
+    }
+
+    void pastedRichTextLeavesItsCharactersOnly()
+    {
+        auto* data = new QMimeData;
+        data->setHtml(QStringLiteral("<p><b>one</b> <font color='red'>t<sup>w</sup>o</font></p>"));
+        data->setText(QStringLiteral("one two"));
+        QGuiApplication::clipboard()->setMimeData(data);
+        paste();
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("one two"));
+        QVERIFY(!field->toHtml().contains(u"color:#ff0000"));
+        QCOMPARE(field->fontWeight(), int(QFont::Normal));
+    }
+
+    void pastedImageIsIgnored()
+    {
+        QTest::keyClicks(field, QStringLiteral("a"));
+        QImage image(3, 3, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QGuiApplication::clipboard()->setImage(image);
+        paste();
+        QCOMPARE(field->toPlainText(), QStringLiteral("a"));
+    }
+
+    void pasteTakesTheFormatAtTheCursor()
+    {
+        QTextCursor cursor = field->textCursor();
+        cursor.insertText(QStringLiteral("12"), superscript());
+        cursor.setPosition(1);
+        field->setTextCursor(cursor);
+        pasteText(QStringLiteral("x y"));
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("<sup>1x y2</sup>"));
+    }
+
+    void typingTakesTheFormatAtTheCursor()
+    {
+        field->setCleanedHtml(QStringLiteral("a<sub>2</sub>"));
+        QTest::keyClick(field, Qt::Key_End);
+        QTest::keyClicks(field, QStringLiteral("3"));
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("a<sub>23</sub>"));
+    }
+
+    void freshFieldIsAsHighAsItsEmptyDocument()
+    {
+        SingleLineTextEdit fresh;
+        QCOMPARE(fresh.minimumHeight(), documentHeight(fresh) + 5);
+        QCOMPARE(fresh.maximumHeight(), documentHeight(fresh) + 5);
+    }
+
+    void heightFollowsTyping()
+    {
+        QTest::keyClicks(field, QStringLiteral("water"));
+        QCOMPARE(field->minimumHeight(), documentHeight(*field) + 5);
+        QCOMPARE(field->maximumHeight(), documentHeight(*field) + 5);
+        QCOMPARE(field->document()->blockCount(), 1);
+    }
+
+    void heightFollowsPasting()
+    {
+        field->setFontPointSize(40);
+        const int oneLine = field->height();
+        pasteText(QStringLiteral("water"));
+        QCOMPARE(field->height(), documentHeight(*field) + 5);
+        QVERIFY(field->height() > oneLine);
+    }
+
+    void loadingLeavesTheHeightUntilTheNextKey()
+    {
+        const int oneLine = field->height();
+        field->setCleanedHtml(QStringLiteral("one<br>two<br>three"));
+        QCOMPARE(field->minimumHeight(), oneLine);
+        QCOMPARE(field->maximumHeight(), oneLine);
+        QTest::keyClick(field, Qt::Key_Return);
+        QCOMPARE(field->minimumHeight(), oneLine);
+
+        QTest::keyClick(field, Qt::Key_Right);
+        QCOMPARE(field->minimumHeight(), documentHeight(*field) + 5);
+        QVERIFY(field->minimumHeight() > oneLine);
+        QCOMPARE(field->cleanedHtml(), QStringLiteral("one<br>two<br>three"));
+    }
+
+    void longTextStaysOnOneLine()
+    {
+        const int oneLine = field->height();
+        pasteText(QStringLiteral("long word ").repeated(200));
+        QCOMPARE(field->document()->firstBlock().lineCount(), 1);
+        QCOMPARE(field->height(), oneLine);
+    }
+
+    void tabMovesTheFocus()
+    {
+        QTest::keyClick(field, Qt::Key_Tab);
+        QVERIFY(after->hasFocus());
+        QTest::keyClick(after, Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(field->hasFocus());
+        QTest::keyClick(field, Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(before->hasFocus());
+        QCOMPARE(field->cleanedHtml(), QString());
+    }
+};
+
+QTEST_MAIN(TestSingleLineTextEdit)
+#include "tst_singlelinetextedit.moc"
