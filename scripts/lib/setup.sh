@@ -1,0 +1,101 @@
+# shellcheck shell=bash
+# SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+#
+# Set-up shared by the commands in scripts/ and .ci/, which source it. Long outputs go to the file
+# "$log" and are shown only when something fails.
+
+export DEBIAN_FRONTEND=noninteractive
+
+root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd -P)
+log=$root/build/${0##*/}.log
+
+# What Debian 12 needs to build the editor and its tests, and to run both without a display. The SVG
+# plugin is loaded at run time; the OpenGL headers are asked for by Qt Charts.
+build_packages=(
+    ca-certificates cmake fonts-dejavu-core g++ libqt6opengl6-dev libqt6svg6 ninja-build
+    qt6-base-dev qt6-charts-dev zlib1g-dev
+)
+
+fail() { # message
+    echo "${0##*/}: $1" >&2
+    exit 1
+}
+
+# Runs a command with its output in the log; shows the output when it fails.
+quietly() { # command...
+    mkdir -p -- "${log%/*}"
+    "$@" > "$log" 2>&1 < /dev/null && return
+    grep --invert-match '^\[[0-9]*/[0-9]*\] ' -- "$log" >&2 || true # all but the steps that went well
+    fail "this failed: $*"
+}
+
+as_root() { # command...
+    if (( EUID == 0 )); then
+        "$@"
+    else
+        sudo --preserve-env=DEBIAN_FRONTEND -- "$@"
+    fi
+}
+
+missing_packages() { # package...
+    local package
+    for package in "$@"; do
+        dpkg-query --show --showformat='${db:Status-Status}\n' "$package" 2> /dev/null |
+            grep --quiet --line-regexp installed || echo "$package"
+    done
+}
+
+# Installs what is missing. Does nothing on systems other than Debian and its relatives.
+install_packages() { # package...
+    command -v apt-get > /dev/null || return 0
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    (( ${#missing[@]} > 0 )) || return 0
+    if (( EUID != 0 )) && ! command -v sudo > /dev/null; then
+        fail "run as root or install sudo; missing packages: ${missing[*]}"
+    fi
+
+    echo "Installing ${missing[*]}"
+    quietly as_root apt-get update
+    quietly as_root apt-get install --yes --no-install-recommends "${missing[@]}"
+}
+
+install_build_packages() {
+    install_packages "${build_packages[@]}"
+}
+
+is_recent_cmake() { # program
+    local version
+    version=$("$1" --version 2> /dev/null | awk 'NR == 1 { print $3 }')
+    [[ -n $version ]] && printf '%s\n' 3.25 "$version" | sort --version-sort --check=quiet
+}
+
+# Puts the folder of a CMake that knows our presets first in the PATH: the distribution's own rather
+# than a wrapper of another tool chain, and with it the compiler and the Ninja beside it.
+prefer_recent_cmake() {
+    local candidate
+    while read -r candidate; do
+        if is_recent_cmake "$candidate"; then
+            PATH=${candidate%/*}:$PATH
+            return
+        fi
+    done < <(echo /usr/bin/cmake; type -a -p cmake)
+    fail "CMake 3.25 or newer is needed"
+}
+
+# Compiler caching needs a home folder that exists.
+prefer_usable_cache() {
+    if [[ ! -w ${HOME:-/nonexistent} ]]; then
+        export CCACHE_DIR=$root/build/ccache
+    fi
+}
+
+# Configures build/release and builds the given targets there.
+build_release() { # target...
+    prefer_recent_cmake
+    prefer_usable_cache
+    echo "Building in $root/build/release"
+    quietly cmake -S "$root" --preset release -DKORVELA_BUILD_TESTS=ON
+    quietly cmake --build "$root/build/release" --target "$@"
+}
