@@ -55,8 +55,9 @@ void MainWindow::fitForm()
 
     // Both energy fields show a value with its uncertainty whole; the headings stand above the
     // columns.
-    const int energyWidth =
-        fontMetrics().horizontalAdvance(QStringLiteral("99.99999 \u00b1 0.00009"));
+    constexpr int frameAndMargins = 16;
+    const QString widestEnergy = QStringLiteral("99.99999 \u00b1 0.00009");
+    const int energyWidth = fontMetrics().horizontalAdvance(widestEnergy) + frameAndMargins;
     ui->lineEditAIE->setFixedWidth(energyWidth);
     ui->lineEditVIE->setFixedWidth(energyWidth);
     const int gap = ui->horizontalLayout_2->spacing();
