@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "database/createdatabase.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QCheckBox>
 #include <QDate>
@@ -80,30 +78,11 @@ QByteArray onDay(const char* text, const QDate& day)
 } // namespace
 
 /// Compiling species files into a database file.
-class TestDatabase : public QObject
+class TestDatabase : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        sandbox = std::make_unique<Sandbox>();
-        dialogs = std::make_unique<DialogScript>();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(TestSupport::showActive(*window));
-    }
-
-    void cleanup()
-    {
-        const bool passed = dialogs->passed();
-        const QByteArray report = dialogs->report();
-        window.reset();
-        dialogs.reset();
-        sandbox.reset();
-        QVERIFY2(passed, report.constData());
-        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
-    }
-
     void fileHoldsHeaderAndEntriesByteForByte_data()
     {
         QTest::addColumn<bool>("compact");
@@ -492,10 +471,6 @@ private:
     }
 
     void verifyNoDatabase() { QVERIFY(!QFile::exists(sandbox->path(QStringLiteral("all.json")))); }
-
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<DialogScript> dialogs;
-    std::unique_ptr<MainWindow> window;
 };
 
 QTEST_MAIN(TestDatabase)

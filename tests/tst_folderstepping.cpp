@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QAction>
 #include <QDir>
@@ -27,29 +25,11 @@ QString titleOf(const QString& fileName)
 } // namespace
 
 /// Stepping through the species files of a folder with the tool bar.
-class TestFolderStepping : public QObject
+class TestFolderStepping : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        sandbox = std::make_unique<Sandbox>();
-        dialogs = std::make_unique<DialogScript>();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(TestSupport::showActive(*window));
-    }
-
-    void cleanup()
-    {
-        const bool passed = dialogs->passed();
-        const QByteArray report = dialogs->report();
-        window.reset();
-        dialogs.reset();
-        sandbox.reset();
-        QVERIFY2(passed, report.constData());
-    }
-
     void selectingAFolderLoadsItsFirstSpecies()
     {
         for (const auto* name : {"a10.json", "a2.json", "B1.json"})
@@ -414,10 +394,6 @@ private:
     {
         dialogs->expectBox(QMessageBox::Information, title, text);
     }
-
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<DialogScript> dialogs;
-    std::unique_ptr<MainWindow> window;
 };
 
 QTEST_MAIN(TestFolderStepping)

@@ -1,11 +1,9 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "species/speciesmodel.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QBuffer>
 #include <QClipboard>
@@ -46,31 +44,11 @@ QByteArray entryWith(const QImage& image)
 } // namespace
 
 /// The structure image in the form: how it is shown, cleared and pasted.
-class TestStructureImage : public QObject
+class TestStructureImage : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        sandbox = std::make_unique<Sandbox>();
-        dialogs = std::make_unique<DialogScript>();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(TestSupport::showActive(*window));
-        QGuiApplication::clipboard()->clear();
-    }
-
-    void cleanup()
-    {
-        const bool passed = dialogs->passed();
-        const QByteArray report = dialogs->report();
-        window.reset();
-        dialogs.reset();
-        sandbox.reset();
-        QGuiApplication::clipboard()->clear();
-        QVERIFY2(passed, report.constData());
-    }
-
     void labelIsEmptyAtFirst()
     {
         QVERIFY(label().pixmap().isNull());
@@ -383,10 +361,6 @@ private:
     {
         return savedSpecies().value(QStringLiteral("StructuralFormula")).toString();
     }
-
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<DialogScript> dialogs;
-    std::unique_ptr<MainWindow> window;
 };
 
 QTEST_MAIN(TestStructureImage)

@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "species/speciesmodel.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
 #include "tests/support/traps.h"
+#include "tests/support/windowtest.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -98,29 +96,11 @@ bool isNearly(const QColor& seen, const QColor& wanted)
 } // namespace
 
 /// What becomes of each kind of answer to a request for a structure image.
-class TestStructureReply : public QObject
+class TestStructureReply : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        sandbox = std::make_unique<Sandbox>();
-        dialogs = std::make_unique<DialogScript>();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(TestSupport::showActive(*window));
-    }
-
-    void cleanup()
-    {
-        const bool passed = dialogs->passed();
-        const QByteArray report = dialogs->report();
-        window.reset();
-        dialogs.reset();
-        sandbox.reset();
-        QVERIFY2(passed, report.constData());
-    }
-
     void pictureFormatIsRecognisedFromTheData_data()
     {
         QTest::addColumn<QByteArray>("body");
@@ -338,10 +318,6 @@ private:
         QCOMPARE(storedPicture(), twoColours(QImage::Format_RGB32));
         QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - old.json"));
     }
-
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<DialogScript> dialogs;
-    std::unique_ptr<MainWindow> window;
 };
 
 QTEST_MAIN(TestStructureReply)
