@@ -109,9 +109,9 @@ private:
     void pasteImageFromClipboard();
 
     // Database
-    bool writeDatabase(QWidget* messageParent, const QStringList& speciesFiles,
-                       const QString& databaseFile, const QString& version, const QString& release,
-                       const QString& title, bool compact);
+    static bool writeDatabase(QWidget* messageParent, const QStringList& speciesFiles,
+                              const QString& databaseFile, const QString& version,
+                              const QString& release, const QString& title, bool compact);
 
     std::unique_ptr<Ui::MainWindow> ui;
     QNetworkAccessManager* networkManager;

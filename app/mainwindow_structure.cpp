@@ -20,7 +20,7 @@
 namespace {
 
 /// No structure drawing is that large; an answer that never ends would fill the memory.
-constexpr qint64 mostBytes = 32 * 1024 * 1024;
+constexpr qint64 mostBytes = qint64{32} * 1024 * 1024;
 
 } // namespace
 

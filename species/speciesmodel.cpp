@@ -14,9 +14,9 @@ enum class Kind { Text, Lines, Number };
 
 struct Field
 {
-    SpeciesModel::Column column;
+    SpeciesModel::Column column{};
     QLatin1String key;
-    Kind kind;
+    Kind kind{};
 };
 
 constexpr QLatin1String imageKey("StructuralFormula");
@@ -76,7 +76,7 @@ bool SpeciesModel::setImage(const QModelIndex& index, const QImage& newImage)
 {
     const auto oldImage = data(index, Qt::DisplayRole).value<QImage>();
     if (newImage != oldImage) {
-        QStandardItemModel::setData(index, QVariant::fromValue(newImage), Qt::EditRole);
+        MyStandardItemModel::setData(index, QVariant::fromValue(newImage), Qt::EditRole);
         Q_EMIT imageChanged();
     }
     return true;

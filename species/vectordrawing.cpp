@@ -14,7 +14,7 @@
 namespace {
 
 /// A drawing of this many bytes is no structural formula; it would only fill the memory.
-constexpr qsizetype maxDrawingSize = 16 * 1024 * 1024;
+constexpr qsizetype maxDrawingSize = qsizetype{16} * 1024 * 1024;
 
 #ifdef KORVELA_HAS_ZLIB
 

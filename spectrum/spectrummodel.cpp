@@ -21,7 +21,7 @@ namespace {
 
 struct Field
 {
-    SpectrumModel::Column column;
+    SpectrumModel::Column column{};
     QLatin1String key;
 };
 
@@ -155,7 +155,7 @@ void SpectrumModel::readPointArrays(const QJsonObject& record)
     if (record.contains(pointObjectsKey)) {
         const QJsonArray pointObjects = record.value(pointObjectsKey).toArray();
         pointLines.reserve(pointObjects.size());
-        for (const QJsonValue& element : pointObjects) {
+        for (const QJsonValueConstRef element : pointObjects) {
             const QJsonObject point = element.toObject();
             pointLines.append(PointText::loadedLine(point.value(energyKey).toDouble(),
                                                     point.value(intensityKey).toDouble()));

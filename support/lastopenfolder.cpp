@@ -30,7 +30,8 @@ QString path()
 
 void rememberFolderOf(const QString& file)
 {
-    settings().setValue(key(), QFileInfo(file).absolutePath());
+    QSettings stored = settings();
+    stored.setValue(key(), QFileInfo(file).absolutePath());
 }
 
 } // namespace LastOpenFolder
