@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "support/jsonfile.h"
+#include "tests/support/fulldisk.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/traps.h"
 
@@ -37,31 +38,6 @@ private:
     static constexpr uid_t nobody = 65534;
     bool isRoot = geteuid() == 0;
     bool valid = false;
-};
-
-/// While it lives, no file grows beyond 64 KiB: what is written behind that is cut off, as on a
-/// full disk.
-class FullDisk
-{
-public:
-    FullDisk()
-    {
-        oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &oldLimit);
-        rlimit limit = oldLimit;
-        limit.rlim_cur = 65536;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &oldLimit);
-        std::signal(SIGXFSZ, oldHandler);
-    }
-    Q_DISABLE_COPY_MOVE(FullDisk)
-
-private:
-    void (*oldHandler)(int) = nullptr;
-    rlimit oldLimit{};
 };
 
 void setMode(const QString& path, mode_t mode)

@@ -1,0 +1,311 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/mainwindow.h"
+#include "spectrum/spectrumwindow.h"
+#include "tests/support/dialogscript.h"
+#include "tests/support/documentwindow.h"
+#include "tests/support/fulldisk.h"
+#include "tests/support/sandbox.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QTest>
+#include <QTextEdit>
+
+#include <climits>
+#include <csignal>
+#include <memory>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An entry of several megabytes, every dataset of which differs from that of another @p name.
+QByteArray largeEntry(const QString& name, double firstEnergy)
+{
+    QJsonObject file{{u"Type"_s, u"Species v1"_s}, {u"Species"_s, QJsonObject{{u"Name"_s, name}}}};
+    for (int number = 1; number <= 20; ++number) {
+        QJsonArray energies;
+        QJsonArray intensities;
+        for (int i = 0; i < 5000; ++i) {
+            energies.append(firstEnergy + i * 0.001);
+            intensities.append(number * i);
+        }
+        file.insert(u"Dataset"_s + QString::number(number),
+                    QJsonObject{{u"Title"_s, name}, {u"E"_s, energies}, {u"I"_s, intensities}});
+    }
+    return QJsonDocument(file).toJson();
+}
+
+QByteArray largeSpectrum()
+{
+    QJsonArray numbers;
+    for (int i = 0; i < 5000; ++i)
+        numbers.append(i);
+    return QJsonDocument(QJsonObject{{u"Type"_s, u"Spectrum v1"_s},
+                                     {u"Title"_s, u"large"_s},
+                                     {u"E"_s, numbers},
+                                     {u"I"_s, numbers}})
+        .toJson();
+}
+
+QStringList filesIn(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::Files | QDir::Hidden);
+}
+
+} // namespace
+
+/// Saving is whole or nothing: a program that is killed and a disk that is full leave the old file
+/// or the new one, and nothing in between.
+class TestKilledSaves : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        sandbox = std::make_unique<Sandbox>();
+        QVERIFY(QDir(sandbox->path()).mkdir(u"files"_s));
+        dialogs = std::make_unique<DialogScript>();
+    }
+
+    void cleanup()
+    {
+        const bool passed = dialogs->passed();
+        const QByteArray report = dialogs->report();
+        dialogs.reset();
+        sandbox.reset();
+        QVERIFY2(passed, report.constData());
+    }
+
+    /// What a killed save may leave behind is its own temporary file beside the entry
+    /// ("entry.json." and six characters): no program can tidy up after its own SIGKILL. Where the
+    /// file system has files without a name (O_TMPFILE) there is that name only for the moment of
+    /// replacing. It does not end in ".json", so that stepping and file dialogs pass it over.
+    void killedSaveLeavesTheOldEntryOrTheNewOne()
+    {
+        MainWindow first;
+        MainWindow second;
+        const QByteArray firstText = savedBy(first, largeEntry(u"first"_s, 10));
+        const QByteArray secondText = savedBy(second, largeEntry(u"second"_s, 20.5));
+        QVERIFY(firstText.size() > 2'000'000);
+        QVERIFY(firstText != secondText);
+
+        // The long form (KORVELA_KILLS=300) needs a larger QTEST_FUNCTION_TIMEOUT on a slow
+        // machine.
+        const int kills = qEnvironmentVariableIsSet("KORVELA_KILLS")
+                              ? qEnvironmentVariableIntValue("KORVELA_KILLS")
+                              : 40;
+        const unsigned aSave = microsecondsOfASave(first);
+        QRandomGenerator random(20260101);
+        int firstFound = 0;
+        int secondFound = 0;
+        int savesInterrupted = 0;
+        int leftOver = 0;
+        for (int kill = 0; kill < kills; ++kill) {
+            const pid_t child = fork();
+            QVERIFY(child >= 0);
+            if (child == 0 && kill % 4 < 2)
+                saveForEver(first, second);
+            if (child == 0)
+                saveForEver(second, first);
+
+            // Half of them at any moment, the others while a file is being written.
+            usleep(random.bounded(2 * aSave));
+            if (kill % 2 == 1) {
+                waitForOpenFile(child);
+                usleep(random.bounded(3'000U));
+            }
+            QCOMPARE(::kill(child, SIGSTOP), 0);
+            int status = 0;
+            QCOMPARE(waitpid(child, &status, WUNTRACED), child);
+            QVERIFY2(WIFSTOPPED(status), "it ended by itself");
+            savesInterrupted += hasFileOpen(child) ? 1 : 0;
+            QCOMPARE(::kill(child, SIGKILL), 0);
+            QCOMPARE(waitpid(child, &status, 0), child);
+            QVERIFY2(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL, "it ended by itself");
+
+            const QByteArray found = sandbox->read(u"files/entry.json"_s);
+            QVERIFY2(found == firstText || found == secondText,
+                     qPrintable(u"torn at kill %1: %2 bytes"_s.arg(kill).arg(found.size())));
+            ++(found == firstText ? firstFound : secondFound);
+            leftOver += removeLeftOver();
+        }
+        qInfo("%d kills: %d times the first entry, %d times the second; %d saves interrupted, "
+              "%d temporary files left",
+              kills, firstFound, secondFound, savesInterrupted, leftOver);
+        QVERIFY(firstFound > 0);
+        QVERIFY(secondFound > 0);
+#ifdef Q_OS_LINUX
+        QVERIFY(savesInterrupted > 0);
+#endif
+        QCOMPARE(filesIn(folder()), QStringList{u"entry.json"_s});
+    }
+
+    void fullDiskLeavesTheOldEntryWithoutAMessage()
+    {
+        MainWindow window;
+        const QByteArray old = savedBy(window, largeEntry(u"first"_s, 10));
+        QVERIFY(TestSupport::showActive(window));
+        auto* name = TestSupport::child<QTextEdit>(window, "lineEditSpecies");
+        TestSupport::typeInto(*name, u"changed"_s);
+        QTest::keyClick(name, Qt::Key_Tab);
+        QCOMPARE(window.windowTitle(), u"KORVELA Entry Edit - entry.json *"_s);
+        {
+            const FullDisk disk;
+            TestSupport::trigger(window, "actionSaveSpecies");
+        }
+        QCOMPARE(window.windowTitle(), u"KORVELA Entry Edit - entry.json"_s);
+        QCOMPARE(sandbox->read(u"files/entry.json"_s), old);
+        QCOMPARE(filesIn(folder()), QStringList{u"entry.json"_s});
+
+        // With room again, the same window saves what was typed.
+        TestSupport::trigger(window, "actionSaveSpecies");
+        QVERIFY(sandbox->read(u"files/entry.json"_s).contains("\"changed\""));
+    }
+
+    void fullDiskLeavesTheOldSpectrumWithoutAMessage()
+    {
+        const QString path = sandbox->write(u"files/spectrum.json"_s, "the older spectrum");
+        MainWindow window;
+        QVERIFY(TestSupport::showActive(window));
+        const QString source = sandbox->write(u"large.json"_s, largeSpectrum());
+        dialogs->expectFileDialog(u"Open Spectrum JSON File"_s, source);
+        TestSupport::trigger(window, "actionLoadSpectrum");
+        QCOMPARE(TestSupport::spectrumTitles(window), QStringList{u"large"_s});
+
+        dialogs->expectFileDialog(u"Save Spectrum"_s, path);
+        expectReplaceQuestion();
+        {
+            const FullDisk disk;
+            TestSupport::trigger(window, "actionSaveSpectrumAs");
+        }
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QCOMPARE(sandbox->read(u"files/spectrum.json"_s), "the older spectrum");
+        QCOMPARE(filesIn(folder()), QStringList{u"spectrum.json"_s});
+    }
+
+    void fullDiskLeavesTheOldDatabaseAndReportsSuccess()
+    {
+        const QString path = sandbox->write(u"files/all.json"_s, "the older database");
+        const QString source = sandbox->write(u"large.json"_s, largeEntry(u"first"_s, 10));
+        MainWindow window;
+        dialogs->expect([](QWidget& dialog) {
+            QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton"),
+                              Qt::LeftButton);
+            QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton_2"),
+                              Qt::LeftButton);
+            const auto* box = TestSupport::child<QDialogButtonBox>(dialog, "buttonBox");
+            QTest::mouseClick(box->button(QDialogButtonBox::Ok), Qt::LeftButton);
+        });
+        dialogs->expectFileDialog(u"Database will be saved to..."_s, path);
+        expectReplaceQuestion();
+        dialogs->expectFileDialog(u"Select JSON Files to be added to the database"_s, source);
+        dialogs->expectBox(QMessageBox::Information, u"Success"_s,
+                           u"Species database created successfully."_s);
+        {
+            const FullDisk disk;
+            QVERIFY(QMetaObject::invokeMethod(&window, "createSpeciesDatabase"));
+        }
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QCOMPARE(sandbox->read(u"files/all.json"_s), "the older database");
+        QCOMPARE(filesIn(folder()), QStringList{u"all.json"_s});
+    }
+
+private:
+    [[nodiscard]] QString folder() const
+    {
+        return sandbox->path(u"files"_s);
+    }
+    [[nodiscard]] QString inFolder(const QString& name) const
+    {
+        return folder() + u'/' + name;
+    }
+
+    /// What the window saves after it has opened the entry as entry.json, which it goes on saving
+    /// to.
+    [[nodiscard]] QByteArray savedBy(MainWindow& window, const QByteArray& entry) const
+    {
+        if (!window.loadSpecies(sandbox->write(u"files/entry.json"_s, entry)))
+            qFatal("the entry was not opened");
+        TestSupport::trigger(window, "actionSaveSpecies");
+        return sandbox->read(u"files/entry.json"_s);
+    }
+
+    /// The life of a child process: it is never to come back into the test.
+    [[noreturn]] static void saveForEver(const MainWindow& one, const MainWindow& other)
+    {
+        // An orphan of a test that was itself killed goes on for a minute and no longer.
+        alarm(60);
+        for (;;) {
+            TestSupport::trigger(one, "actionSaveSpecies");
+            TestSupport::trigger(other, "actionSaveSpecies");
+        }
+    }
+
+    [[nodiscard]] static unsigned microsecondsOfASave(const MainWindow& window)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        TestSupport::trigger(window, "actionSaveSpecies");
+        return static_cast<unsigned>(timer.nsecsElapsed() / 1000) + 1;
+    }
+
+    /// Whether the process has a file open in the folder, named or not; seen on Linux only.
+    [[nodiscard]] bool hasFileOpen(pid_t process) const
+    {
+        const QByteArray inside = QFile::encodeName(folder()) + '/';
+        const QByteArray table = "/proc/" + QByteArray::number(process) + "/fd/";
+        for (int descriptor = 0; descriptor < 64; ++descriptor) {
+            QByteArray target(PATH_MAX, '\0');
+            const QByteArray link = table + QByteArray::number(descriptor);
+            if (readlink(link.constData(), target.data(), PATH_MAX) > 0 &&
+                target.startsWith(inside))
+                return true;
+        }
+        return false;
+    }
+
+    /// Looks often, as the file is open for a moment only; gives up after some seconds.
+    void waitForOpenFile(pid_t process) const
+    {
+        for (int look = 0; look < 20'000 && !hasFileOpen(process); ++look)
+            usleep(200);
+    }
+
+    int removeLeftOver() const
+    {
+        int removed = 0;
+        const QStringList files = filesIn(folder());
+        for (const QString& file : files) {
+            if (file.startsWith(QLatin1String("entry.json.")) && file.size() == 17 &&
+                QFile::remove(inFolder(file)))
+                ++removed;
+        }
+        return removed;
+    }
+
+    void expectReplaceQuestion()
+    {
+        dialogs->expect([](QWidget& question) {
+            QTest::mouseClick(qobject_cast<QMessageBox*>(&question)->button(QMessageBox::Yes),
+                              Qt::LeftButton);
+        });
+    }
+
+    std::unique_ptr<Sandbox> sandbox;
+    std::unique_ptr<DialogScript> dialogs;
+};
+
+QTEST_MAIN(TestKilledSaves)
+#include "tst_killedsaves.moc"
