@@ -43,6 +43,9 @@ public:
     /// Returns whether the file was loaded; what went wrong has been shown by then.
     bool loadSpecies(const QString& path);
 
+    /// Whether the last createSpeciesDatabase() ended with its message of success.
+    [[nodiscard]] bool isDatabaseCreated() const;
+
 public Q_SLOTS:
     // The order is part of the meta-object interface.
     void setModified() override;
@@ -118,6 +121,7 @@ private:
     SpeciesModel* speciesModel;
     QDataWidgetMapper* mapper;
     CreateDatabase* createDatabase = nullptr;
+    bool databaseCreated = false;
     QString currentFile; ///< Full path; empty while the document is untitled.
     bool isModified = false;
     QStringList recentList; ///< Part of the window's state by design; nothing reads it yet.

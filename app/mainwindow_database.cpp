@@ -16,20 +16,26 @@
 
 void MainWindow::createSpeciesDatabase()
 {
+    databaseCreated = false;
     if (createDatabase == nullptr)
         createDatabase = new CreateDatabase(this);
     if (createDatabase->exec() != QDialog::Accepted)
         return;
 
-    const bool written =
+    databaseCreated =
         writeDatabase(this, createDatabase->files(), createDatabase->databaseFileName(),
                       createDatabase->databaseVersion(), createDatabase->dataRelease(),
                       createDatabase->title(), createDatabase->isCompact());
-    if (written) {
+    if (databaseCreated) {
         Messages::information(this, tr("Success"), tr("Species database created successfully."));
     } else {
         Messages::warning(this, tr("Error"), tr("Failed to create species database."));
     }
+}
+
+bool MainWindow::isDatabaseCreated() const
+{
+    return databaseCreated;
 }
 
 bool MainWindow::writeDatabase(QWidget* messageParent, const QStringList& speciesFiles,

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/applicationicon.h"
+
+#include <QApplication>
+#include <QIcon>
+
+void setApplicationIcon()
+{
+    Q_INIT_RESOURCE(resources);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/korvela_entry.ico")));
+}

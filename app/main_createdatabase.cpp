@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/applicationicon.h"
+#include "app/databaseprogram.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    setApplicationIcon();
+    return runDatabaseProgram();
+}

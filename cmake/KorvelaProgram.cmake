@@ -1,0 +1,30 @@
+# korvela_add_program(<name> <title> <source>)
+#
+# Makes a program that is installed: the executable <name>, which Windows and macOS show to people as
+# <title>, with the icon and the version of the editor.
+function(korvela_add_program name title source)
+    add_executable(${name} WIN32 MACOSX_BUNDLE ${source})
+    target_link_libraries(${name} PRIVATE korvela_options korvela)
+    set(packaging "${PROJECT_SOURCE_DIR}/packaging")
+
+    if(WIN32)
+        configure_file("${packaging}/windows/program.rc.in" ${name}.rc @ONLY)
+        target_sources(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${name}.rc")
+    elseif(APPLE)
+        set(icon "${packaging}/macos/korvela_entry.icns")
+        target_sources(${name} PRIVATE "${icon}")
+        set_source_files_properties("${icon}" PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+        set_target_properties(
+            ${name}
+            PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${packaging}/macos/Info.plist.in"
+                       MACOSX_BUNDLE_BUNDLE_NAME "${title}"
+                       MACOSX_BUNDLE_GUI_IDENTIFIER "org.ostravel.${name}"
+                       MACOSX_BUNDLE_ICON_FILE korvela_entry.icns
+        )
+        # The deployment tool copies the SVG plugin only into bundles that link the module.
+        find_package(Qt6 6.4 REQUIRED COMPONENTS Svg)
+        target_link_libraries(${name} PRIVATE Qt6::Svg)
+    else()
+        target_link_options(${name} PRIVATE LINKER:-z,relro,-z,now)
+    endif()
+endfunction()
