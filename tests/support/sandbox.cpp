@@ -3,7 +3,9 @@
 
 #include "tests/support/sandbox.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QSettings>
 #include <QTest>
@@ -18,6 +20,30 @@ Sandbox::Sandbox()
                        folder.filePath(QStringLiteral(".settings")));
 }
 
+Sandbox::~Sandbox()
+{
+    const QString target = qEnvironmentVariable("KORVELA_WRITTEN_FILES");
+    if (!target.isEmpty())
+        copyWrittenFiles(target);
+}
+
+void Sandbox::copyWrittenFiles(const QString& target) const
+{
+    static int number = 0;
+    QDirIterator files(folder.path(), {QStringLiteral("*.json")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        if (!file.open(QIODevice::ReadOnly) || given.contains(file.readAll()))
+            continue;
+        const QString copy = QStringLiteral("%1/%2-%3.json")
+                                 .arg(target, QCoreApplication::applicationName())
+                                 .arg(++number);
+        if (!file.copy(copy))
+            qFatal("cannot write %s", qPrintable(copy));
+    }
+}
+
 QString Sandbox::path(const QString& name) const
 {
     return name.isEmpty() ? folder.path() : folder.filePath(name);
@@ -28,6 +54,7 @@ QString Sandbox::write(const QString& name, const QByteArray& bytes) const
     QFile file(path(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
+    given.insert(bytes);
     return file.fileName();
 }
 
