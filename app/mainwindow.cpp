@@ -5,6 +5,7 @@
 
 #include "app/windowpriority.h"
 #include "species/speciesmodel.h"
+#include "support/plainmessageboxes.h"
 #include "ui_mainwindow.h"
 
 #include <QDataWidgetMapper>
@@ -31,6 +32,7 @@ MainWindow::MainWindow(QWidget* parent)
     setupMapper();
     setAcceptDrops(true);
     new WindowPriority(this);
+    new PlainMessageBoxes(this);
 }
 
 MainWindow::~MainWindow()

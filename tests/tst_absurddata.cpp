@@ -141,8 +141,6 @@ private Q_SLOTS:
         QVERIFY2(mostMemory() < 2048, QByteArray::number(mostMemory()).constData());
     }
 
-    /// The long form (KORVELA_DATASETS=1000) needs a larger QTEST_FUNCTION_TIMEOUT: the time grows
-    /// with the square of the number.
     void manyDatasetsOpenInBoundedMemory()
     {
         const int count = qEnvironmentVariableIsSet("KORVELA_DATASETS")

@@ -120,12 +120,15 @@ private Q_SLOTS:
                 return;
             memory.append(residentMemory());
         }
+        const qsizetype last = memory.size() - 1;
         const qsizetype tenth = memory.size() / 10;
-        const qint64 growth = memory.constLast() - memory.at(memory.size() - 1 - tenth);
-        qInfo("%lld rounds: %lld KiB after the first, %lld KiB at the end, %lld KiB in the last "
-              "tenth",
+        const qint64 growthBefore = memory.at(last - tenth) - memory.at(last - 2 * tenth);
+        const qint64 growth = memory.at(last) - memory.at(last - tenth);
+        qInfo("%lld rounds: %lld KiB after the first, %lld KiB at the end; %lld KiB in the last "
+              "tenth, %lld KiB in the one before",
               static_cast<long long>(memory.size()), static_cast<long long>(memory.constFirst()),
-              static_cast<long long>(memory.constLast()), static_cast<long long>(growth));
+              static_cast<long long>(memory.constLast()), static_cast<long long>(growth),
+              static_cast<long long>(growthBefore));
         if (!memoryCanBeMeasured)
             QSKIP("memory is not measured here");
         QVERIFY2(growth < mostGrowth, QByteArray::number(growth).constData());

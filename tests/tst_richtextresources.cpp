@@ -2,21 +2,36 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "app/mainwindow.h"
+#include "database/createdatabase.h"
 #include "spectrum/spectrumwindow.h"
 #include "support/messages.h"
 #include "tests/support/dialogscript.h"
+#include "tests/support/documentwindow.h"
 #include "tests/support/sandbox.h"
 #include "tests/support/traps.h"
 #include "widgets/singlelinetextedit.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QHelpEvent>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLabel>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabBar>
 #include <QTest>
 #include <QTextEdit>
+#include <QToolTip>
+#include <QTreeView>
+#include <QUrl>
 
 #include <initializer_list>
 #include <memory>
@@ -30,7 +45,7 @@ void addTexts(std::initializer_list<std::pair<const char*, const char*>> texts)
         QTest::newRow(name) << QString::fromLatin1(pattern);
 }
 
-/// Texts that make an ordinary field read the file FILE, or the address URL.
+/// Texts that make an ordinary field read FILE, which is a path, or URL, its address.
 void workingTraps()
 {
     QTest::addColumn<QString>("pattern");
@@ -40,12 +55,17 @@ void workingTraps()
         {"picture by path without quotes", "a<img src=FILE>b"},
         {"picture of a size", "a<img src=\"FILE\" width=\"20\" height=\"20\">b"},
         {"picture in upper case", "a<IMG SRC='URL'>b"},
+        {"picture after a blank", "a< img src=\"FILE\">b"},
         {"raised picture", "a<sup><img src=\"FILE\"></sup>b"},
         {"linked style sheet by address",
          "<head><link rel=\"stylesheet\" type=\"text/css\" href=\"URL\"></head>a"},
         {"linked style sheet by path",
          "<head><link rel=\"stylesheet\" type=\"text/css\" href=\"FILE\"></head>a"},
         {"imported style sheet", "<style>@import url(\"FILE\");</style>a"},
+        {"background of the body", "<body background=\"FILE\">a</body>"},
+        {"background of a table", "<table background=\"FILE\"><tr><td>a</table>"},
+        {"background by style", "<p style=\"background-image:url(FILE)\">a</p>"},
+        {"background of the body by style", "<body style=\"background-image:url(URL)\">a</body>"},
     });
 }
 
@@ -54,18 +74,12 @@ void allTraps()
 {
     workingTraps();
     addTexts({
-        {"background of the body", "<body background=\"FILE\">a</body>"},
-        {"background of a table", "<table background=\"FILE\"><tr><td>a</table>"},
-        {"background by style", "<p style=\"background-image:url(FILE)\">a</p>"},
-        {"background of the body by style", "<body style=\"background-image:url(URL)\">a</body>"},
         {"list marker", "<ul style=\"list-style-image:url(FILE)\"><li>a</ul>"},
+        {"picture of another host", "a<img src=\"HOST\">b"},
+        {"style sheet of another host", "<head><link rel=\"stylesheet\" href=\"HOST\"></head>a"},
+        {"imported style sheet of another host", "<style>@import url(\"HOST\");</style>a"},
+        {"background of another host", "<body background=\"HOST\">a</body>"},
     });
-}
-
-QString filledIn(QString pattern, const FifoTrap& trap)
-{
-    return pattern.replace(QLatin1String("FILE"), trap.path())
-        .replace(QLatin1String("URL"), trap.url());
 }
 
 /// Whatever can make a field look at what its text names.
@@ -83,6 +97,39 @@ void exercise(QTextEdit& field)
     field.undo();
 }
 
+/// Rests the cursor on a place of the widget until its tip would show, and closes the tip.
+void restCursor(QWidget& widget, const QPoint& place)
+{
+    QHelpEvent rest(QEvent::ToolTip, place, widget.mapToGlobal(place));
+    QApplication::sendEvent(&widget, &rest);
+    QToolTip::hideText();
+}
+
+/// Paints the window and rests the cursor on all that can be seen in it.
+void lookAtEverything(QWidget& window)
+{
+    QVERIFY(!window.grab().isNull());
+    // Watched: a tip that is still open ends with the next one.
+    QList<QPointer<QWidget>> widgets;
+    for (QWidget* widget : window.findChildren<QWidget*>())
+        widgets.append(widget);
+    for (QWidget* widget : std::as_const(widgets)) {
+        if (widget == nullptr || !widget->isVisible())
+            continue;
+        restCursor(*widget, widget->rect().center());
+        if (const auto* tabs = qobject_cast<QTabBar*>(widget)) {
+            for (int tab = 0; tab < tabs->count(); ++tab)
+                restCursor(*widget, tabs->tabRect(tab).center());
+        }
+        if (const auto* view = qobject_cast<QAbstractItemView*>(widget)) {
+            const QModelIndex root = view->rootIndex();
+            for (int row = 0; row < view->model()->rowCount(root); ++row)
+                restCursor(*view->viewport(),
+                           view->visualRect(view->model()->index(row, 0, root)).center());
+        }
+    }
+}
+
 } // namespace
 
 /// Nothing that a text names is ever read: a text may come from anybody's file.
@@ -92,21 +139,31 @@ class TestRichTextResources : public QObject
 
     std::unique_ptr<Sandbox> sandbox;
     std::unique_ptr<FifoTrap> trap;
+    std::unique_ptr<LoopbackTrap> host;
+    std::unique_ptr<DialogScript> dialogs;
 
 private Q_SLOTS:
     void init()
     {
         sandbox = std::make_unique<Sandbox>();
+        dialogs = std::make_unique<DialogScript>();
         trap = std::make_unique<FifoTrap>(sandbox->path(QStringLiteral("trap")));
+        host = std::make_unique<LoopbackTrap>();
         if (!trap->isSet())
             QSKIP("there are no pipes here");
+        QVERIFY(host->isSet());
     }
 
     void cleanup()
     {
+        const bool passed = dialogs->passed();
+        const QByteArray report = dialogs->report();
         QGuiApplication::clipboard()->clear();
+        host.reset();
         trap.reset();
+        dialogs.reset();
         sandbox.reset();
+        QVERIFY2(passed, report.constData());
     }
 
     void trapCatchesAnOrdinaryField_data() { workingTraps(); }
@@ -115,9 +172,33 @@ private Q_SLOTS:
     {
         QFETCH(const QString, pattern);
         QTextEdit field;
-        field.setHtml(filledIn(pattern, *trap));
+        field.setHtml(filledIn(pattern));
         exercise(field);
         QVERIFY(trap->sprung());
+    }
+
+    void trapCatchesAnOrdinaryLabel()
+    {
+        QLabel label(fileName());
+        QVERIFY(!label.grab().isNull());
+        QVERIFY(trap->sprung());
+    }
+
+    void trapCatchesAnOrdinaryTip()
+    {
+        QWidget widget;
+        widget.setToolTip(fileName());
+        QVERIFY(TestSupport::showActive(widget));
+        lookAtEverything(widget);
+        restCursor(widget, {});
+        QVERIFY(trap->sprung());
+    }
+
+    void hostNoticesARequest()
+    {
+        QNetworkAccessManager manager;
+        const std::unique_ptr<QNetworkReply> reply(manager.get(QNetworkRequest(QUrl(host->url()))));
+        QTRY_VERIFY(host->sprung());
     }
 
     void multiLineFieldReadsNothing_data() { allTraps(); }
@@ -126,9 +207,9 @@ private Q_SLOTS:
     {
         QFETCH(const QString, pattern);
         CleanTextEdit field;
-        field.setCleanedHtml(filledIn(pattern, *trap));
+        field.setCleanedHtml(filledIn(pattern));
         exercise(field);
-        QVERIFY(!trap->sprung());
+        QVERIFY(nothingWasRead());
         QVERIFY(field.toPlainText().contains(u'a'));
     }
 
@@ -138,11 +219,33 @@ private Q_SLOTS:
     {
         QFETCH(const QString, pattern);
         SingleLineTextEdit field;
-        field.setCleanedHtml(filledIn(pattern, *trap));
+        field.setCleanedHtml(filledIn(pattern));
         exercise(field);
         QTest::keyClicks(&field, QStringLiteral("a"));
-        QVERIFY(!trap->sprung());
+        QVERIFY(nothingWasRead());
         QVERIFY(field.toPlainText().contains(u'a'));
+    }
+
+    void pastedTextReadsNothing_data() { allTraps(); }
+
+    void pastedTextReadsNothing()
+    {
+        QFETCH(const QString, pattern);
+        for (const bool singleLine : {false, true}) {
+            const std::unique_ptr<CleanTextEdit> field = makeField(singleLine);
+            QVERIFY(TestSupport::showActive(*field));
+            auto* copied = new QMimeData;
+            copied->setHtml(filledIn(pattern));
+            copied->setText(filledIn(pattern));
+            QGuiApplication::clipboard()->setMimeData(copied);
+            QTest::keyClick(field.get(), Qt::Key_V, Qt::ControlModifier);
+            QVERIFY(field->toPlainText().contains(u'a'));
+            exercise(*field);
+            // Pasted markup is text, and becomes markup when the entry is opened again.
+            field->setCleanedHtml(field->cleanedHtml());
+            exercise(*field);
+            QVERIFY(nothingWasRead());
+        }
     }
 
     void copiedTextReadsNothing_data()
@@ -155,45 +258,36 @@ private Q_SLOTS:
     void copiedTextReadsNothing()
     {
         QFETCH(const bool, singleLine);
-        const std::unique_ptr<CleanTextEdit> field =
-            singleLine ? std::make_unique<SingleLineTextEdit>() : std::make_unique<CleanTextEdit>();
+        const std::unique_ptr<CleanTextEdit> field = makeField(singleLine);
         QVERIFY(TestSupport::showActive(*field));
         // The picture stands far below what was painted and laid out so far.
         const QString lines = QStringLiteral("<p>a").repeated(5000);
-        field->setCleanedHtml(lines + filledIn(QStringLiteral("<img src=\"FILE\">b"), *trap));
+        field->setCleanedHtml(lines + filledIn(QStringLiteral("<img src=\"FILE\">b")));
         QTest::keyClick(field.get(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(field.get(), Qt::Key_C, Qt::ControlModifier);
         const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
         QVERIFY(copied->text().startsWith(u'a'));
         for (const QString& format : copied->formats())
             (void)copied->data(format);
-        QVERIFY(!trap->sprung());
+        QVERIFY(nothingWasRead());
     }
 
     void speciesFileReadsNothing()
     {
-        const QString text =
-            filledIn(QStringLiteral("a<img src=\"FILE\"><img src=\"URL\">"), *trap);
         QJsonObject species;
         for (const char* key : {"Name", "Aliases", "Formula", "InChI", "CAS", "PubChem", "AIE",
                                 "VIE", "AIE_Comment", "VIE_Comment", "StructuralFormula"})
-            species.insert(QLatin1String(key), text);
-        QJsonObject dataset;
-        for (const char* key :
-             {"Title", "Uploader", "DOI", "FurtherRefs", "T", "FurtherComments", "CreatedDate",
-              "FacilityDate", "Source", "Resolution", "Normalization"})
-            dataset.insert(QLatin1String(key), text);
-        dataset.insert(QStringLiteral("Type"), QStringLiteral("Spectrum v1"));
+            species.insert(QLatin1String(key), everyTrap());
         const QJsonObject file{{QStringLiteral("Type"), QStringLiteral("Species v1")},
                                {QStringLiteral("Species"), species},
-                               {QStringLiteral("Dataset1"), dataset}};
+                               {QStringLiteral("Dataset1"), datasetOfTraps()}};
         const QString path =
             sandbox->write(QStringLiteral("species.json"), QJsonDocument(file).toJson());
 
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
         QVERIFY(window.loadSpecies(path));
-        QVERIFY(!window.grab().isNull());
+        lookAtEverything(window);
         const auto fields = window.findChildren<CleanTextEdit*>();
         int filled = 0;
         for (CleanTextEdit* field : fields) {
@@ -201,7 +295,138 @@ private Q_SLOTS:
             filled += field->toPlainText().startsWith(u'a') ? 1 : 0;
         }
         QVERIFY(filled > 15);
-        QVERIFY(!trap->sprung());
+        QVERIFY(nothingWasRead());
+    }
+
+    void pastedSpectrumReadsNothing()
+    {
+        MainWindow window;
+        QVERIFY(TestSupport::showActive(window));
+        QGuiApplication::clipboard()->setText(
+            QString::fromUtf8(QJsonDocument(datasetOfTraps()).toJson()));
+        TestSupport::trigger(window, "actionPaste");
+        QCOMPARE(TestSupport::spectra(window).size(), 1);
+        lookAtEverything(window);
+        TestSupport::trigger(window, "actionCopy");
+        TestSupport::trigger(window, "actionPaste");
+        QCOMPARE(TestSupport::spectra(window).size(), 2);
+        lookAtEverything(window);
+        QVERIFY(nothingWasRead());
+    }
+
+    void creationDateReadsNothing()
+    {
+        MainWindow window;
+        QVERIFY(TestSupport::showActive(window));
+        QGuiApplication::clipboard()->setText(
+            QString::fromUtf8(QJsonDocument(datasetOfTraps()).toJson()));
+        TestSupport::trigger(window, "actionPaste");
+        auto* created = TestSupport::child<QLabel>(window, "labelCreated");
+        QCOMPARE(created->text(), everyTrap());
+        QVERIFY(!created->grab().isNull());
+        restCursor(*created, created->rect().center());
+        QVERIFY(nothingWasRead());
+    }
+
+    void titlesAndTabsReadNothing()
+    {
+        // Tags with a blank are text in the field, and so in the titles, but tags to a label.
+        const QString title = everyTrap().replace(QLatin1String("<img"), QLatin1String("< img"));
+        const QString path = sandbox->write(
+            fileName(), TestSupport::speciesFile(QStringLiteral("benzene"), {title, title}));
+        MainWindow window;
+        QVERIFY(TestSupport::showActive(window));
+        QVERIFY(window.loadSpecies(path));
+        const QString windowTitle = QLatin1String("KORVELA Entry Edit - ") + fileName();
+        QCOMPARE(window.windowTitle(), windowTitle);
+        QCOMPARE(TestSupport::spectra(window).constFirst()->windowTitle(), title);
+        const auto* tabs = window.findChild<QTabBar*>();
+        QCOMPARE(tabs->tabText(0), title);
+        lookAtEverything(window);
+        QVERIFY(nothingWasRead());
+    }
+
+    void databaseDialogReadsNothing()
+    {
+        CreateDatabase dialog(nullptr);
+        QVERIFY(TestSupport::showActive(dialog));
+        const QString source = sandbox->write(fileName(), "{}");
+        dialogs->expectFileDialog(QStringLiteral("Select JSON Files to be added to the database"),
+                                  source);
+        QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton_2"), Qt::LeftButton);
+        dialogs->expectFileDialog(QStringLiteral("Database will be saved to..."),
+                                  sandbox->path(QLatin1String("new") + fileName()));
+        QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton"), Qt::LeftButton);
+
+        const auto* list = TestSupport::child<QListWidget>(dialog, "listWidget");
+        QCOMPARE(list->count(), 1);
+        QCOMPARE(list->item(0)->text(), fileName());
+        const QString target = QLatin1String("new") + fileName();
+        QCOMPARE(TestSupport::child<QLabel>(dialog, "label_5")->text(), target);
+        lookAtEverything(dialog);
+        QVERIFY(nothingWasRead());
+    }
+
+    void fileDialogReadsNothing()
+    {
+        sandbox->write(fileName(), "{}");
+        QVERIFY(QDir(sandbox->path()).mkdir(fileName() + QLatin1Char('d')));
+        TestSupport::rememberFolder(sandbox->path());
+        MainWindow window;
+        QVERIFY(TestSupport::showActive(window));
+        dialogs->expect([this](QWidget& dialog) {
+            const auto* list = dialog.findChild<QTreeView*>();
+            const auto shown = [list] { return list->model()->rowCount(list->rootIndex()) > 1; };
+            if (!QTest::qWaitFor(shown))
+                dialogs->complain(QStringLiteral("the folder is not shown"));
+            lookAtEverything(dialog);
+            dialog.close();
+        });
+        TestSupport::trigger(window, "actionLoadSpecies");
+        QVERIFY(nothingWasRead());
+    }
+
+    void questionWhetherToReplaceReadsNothing()
+    {
+        const QString path = sandbox->write(fileName(), "{}");
+        MainWindow window;
+        QVERIFY(TestSupport::showActive(window));
+        dialogs->expectFileDialog(QStringLiteral("Save Species JSON File"), path);
+        dialogs->expect([this](QWidget& question) {
+            auto* box = qobject_cast<QMessageBox*>(&question);
+            if (box == nullptr || !box->text().contains(fileName()))
+                dialogs->complain(QStringLiteral("the question is another one"));
+            lookAtEverything(question);
+            QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+        });
+        TestSupport::trigger(window, "actionSaveSpeciesAs");
+        const QString windowTitle = QLatin1String("KORVELA Entry Edit - ") + fileName();
+        QCOMPARE(window.windowTitle(), windowTitle);
+        QVERIFY(nothingWasRead());
+    }
+
+    void boxThatQuotesAPathReadsNothing_data()
+    {
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("no such file") << false;
+        QTest::newRow("no species file") << true;
+    }
+
+    void boxThatQuotesAPathReadsNothing()
+    {
+        QFETCH(const bool, exists);
+        const QString path = exists ? sandbox->write(fileName(), "{}") : sandbox->path(fileName());
+        MainWindow window;
+        QVERIFY(TestSupport::showActive(window));
+        dialogs->expect([this, path](QWidget& dialog) {
+            const auto* box = qobject_cast<QMessageBox*>(&dialog);
+            if (box == nullptr || !box->text().contains(path))
+                dialogs->complain(QStringLiteral("the box does not quote the path"));
+            lookAtEverything(dialog);
+            dialog.close();
+        });
+        QVERIFY(!window.loadSpecies(path));
+        QVERIFY(nothingWasRead());
     }
 
     void everyRichTextFieldOfTheWindowsRefusesToRead()
@@ -227,16 +452,15 @@ private Q_SLOTS:
     void messageBoxReadsNothing()
     {
         QFETCH(const int, icon);
-        const QString text = filledIn(QStringLiteral("<img src=\"FILE\"> <b>a</b>"), *trap);
-        DialogScript dialogs;
-        dialogs.expect([&](QWidget& dialog) {
+        const QString text = filledIn(QStringLiteral("<img src=\"FILE\"> <b>a</b>"));
+        dialogs->expect([&](QWidget& dialog) {
             auto* box = qobject_cast<QMessageBox*>(&dialog);
             if (box == nullptr || box->textFormat() != Qt::PlainText || box->text() != text ||
                 box->icon() != icon || box->windowTitle() != QLatin1String("Error") ||
                 box->standardButtons() != QMessageBox::Ok)
-                dialogs.complain(QStringLiteral("the box is another one"));
+                dialogs->complain(QStringLiteral("the box is another one"));
             if (dialog.grab().isNull())
-                dialogs.complain(QStringLiteral("the box cannot be painted"));
+                dialogs->complain(QStringLiteral("the box cannot be painted"));
             dialog.close();
         });
         const QString title = QStringLiteral("Error");
@@ -246,8 +470,47 @@ private Q_SLOTS:
             Messages::warning(nullptr, title, text);
         else
             Messages::critical(nullptr, title, text);
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
-        QVERIFY(!trap->sprung());
+        QVERIFY(nothingWasRead());
+    }
+
+private:
+    [[nodiscard]] QString filledIn(QString pattern) const
+    {
+        return pattern.replace(QLatin1String("FILE"), trap->path())
+            .replace(QLatin1String("URL"), trap->url())
+            .replace(QLatin1String("HOST"), host->url());
+    }
+
+    /// A text that makes an ordinary field read, in as many ways as a line holds.
+    [[nodiscard]] QString everyTrap() const
+    {
+        return filledIn(QStringLiteral("a<img src=\"FILE\"><img src=\"URL\"><img src=\"HOST\">"));
+    }
+
+    /// A name that makes an ordinary label read the trap: no name holds a slash, but all may hold
+    /// what a slash is written as.
+    [[nodiscard]] QString fileName() const
+    {
+        const QString encoded = QString::fromLatin1(QUrl::toPercentEncoding(trap->path()));
+        return QStringLiteral("<img src=%1>.json").arg(encoded);
+    }
+
+    [[nodiscard]] QJsonObject datasetOfTraps() const
+    {
+        QJsonObject dataset{{QStringLiteral("Type"), QStringLiteral("Spectrum v1")}};
+        for (const char* key :
+             {"Title", "Uploader", "DOI", "FurtherRefs", "T", "FurtherComments", "CreatedDate",
+              "FacilityDate", "Source", "Resolution", "Normalization"})
+            dataset.insert(QLatin1String(key), everyTrap());
+        return dataset;
+    }
+
+    [[nodiscard]] bool nothingWasRead() const { return !trap->sprung() && !host->sprung(); }
+
+    [[nodiscard]] static std::unique_ptr<CleanTextEdit> makeField(bool singleLine)
+    {
+        return singleLine ? std::make_unique<SingleLineTextEdit>()
+                          : std::make_unique<CleanTextEdit>();
     }
 };
 

@@ -3,6 +3,7 @@
 
 #include "tests/support/traps.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QUrl>
 
@@ -48,6 +49,23 @@ void FifoTrap::watch()
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 #endif
+}
+
+LoopbackTrap::LoopbackTrap()
+{
+    server.listen(QHostAddress::LocalHost);
+}
+
+QString LoopbackTrap::url() const
+{
+    return QStringLiteral("http://127.0.0.1:%1/trap.png").arg(server.serverPort());
+}
+
+bool LoopbackTrap::sprung()
+{
+    // What was asked for in the background connects from the event loop.
+    QCoreApplication::processEvents();
+    return server.hasPendingConnections() || server.waitForNewConnection(0);
 }
 
 Deadline::Deadline(std::chrono::seconds limit)

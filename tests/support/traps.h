@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <QTcpServer>
 
 #include <atomic>
 #include <chrono>
@@ -38,6 +39,23 @@ private:
     std::atomic<int> readers = 0;
     std::atomic<bool> stopped = false;
     std::thread watcher;
+};
+
+/// A server on this computer that nobody may turn to.
+class LoopbackTrap
+{
+public:
+    LoopbackTrap();
+    Q_DISABLE_COPY_MOVE(LoopbackTrap)
+
+    [[nodiscard]] bool isSet() const { return server.isListening(); }
+    [[nodiscard]] QString url() const;
+
+    /// Whether anybody has connected.
+    [[nodiscard]] bool sprung();
+
+private:
+    QTcpServer server;
 };
 
 /// Ends the program when it is not destroyed in time: for what would take for ever if it went
