@@ -84,6 +84,8 @@ private:
     void saveSpeciesAs();
     /// Adds the content of the file to the cleaned document; false after a message when it cannot.
     bool loadSpeciesFile(const QString& path);
+    /// Drops the document, whether modified or not, and shows the species file.
+    void replaceDocument(const QString& path, const QJsonObject& file);
     void showSpecies(const QJsonObject& file);
     /// Writes the document to the current file.
     void saveSpeciesFile();
@@ -92,6 +94,7 @@ private:
     // Folder stepping
     enum class Direction { Previous = -1, First = 0, Next = 1 };
     bool step(const QString& path, Direction direction);
+    bool stepTo(const QString& path, const QJsonObject& file);
     bool loadFirstSpeciesFile(const QDir& folder, const QStringList& fileNames);
     bool loadNeighbour(const QDir& folder, const QStringList& fileNames, const QString& current,
                        Direction direction);

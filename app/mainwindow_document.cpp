@@ -84,20 +84,24 @@ bool MainWindow::loadSpecies(const QString& path)
         Messages::warning(this, tr("File Not Found"), tr("The file %1 does not exist.").arg(path));
         return false;
     }
-    const JsonFile::ReadResult file = JsonFile::read(path);
-    if (!file.parsed || !SpeciesFile::isSpecies(file.object)) {
+    const std::optional<QJsonObject> file = SpeciesFile::read(path);
+    if (!file) {
         Messages::warning(this, tr("Invalid Species File"),
                           tr("The file %1 is not a valid species file.").arg(path));
         return false;
     }
+    replaceDocument(path, *file);
+    return true;
+}
 
+void MainWindow::replaceDocument(const QString& path, const QJsonObject& file)
+{
     isModified = false;
     cleanUp();
-    showSpecies(file.object);
+    showSpecies(file);
     currentFile = path;
     setModified(false);
     LastOpenFolder::rememberFolderOf(path);
-    return true;
 }
 
 void MainWindow::saveSpecies()
@@ -141,12 +145,21 @@ void MainWindow::showSpecies(const QJsonObject& file)
     const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
     speciesModel->fromJson(SpeciesFile::species(file));
     const QList<QJsonObject> datasets = SpeciesFile::datasets(file);
-    for (const QJsonObject& dataset : datasets)
+    ui->mdiArea->setUpdatesEnabled(false);
+    for (const QJsonObject& dataset : datasets) {
         addSpectrumWindow(new SpectrumWindow(dataset, this));
+        // The first one fills the area; all others need not do so only to be covered by the next.
+        ui->mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    }
+    ui->mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
 
     const QList<QMdiSubWindow*> subWindows = ui->mdiArea->subWindowList(QMdiArea::CreationOrder);
     if (!subWindows.isEmpty())
         ui->mdiArea->setActiveSubWindow(subWindows.constFirst());
+    // What the windows have put off until now would each paint the first one once more.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
+    ui->mdiArea->setUpdatesEnabled(true);
 }
 
 void MainWindow::saveSpeciesFile()

@@ -12,6 +12,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QJsonObject>
+
+#include <optional>
 
 void MainWindow::selectSpeciesFolder()
 {
@@ -68,12 +71,21 @@ bool MainWindow::step(const QString& path, Direction direction)
                : loadNeighbour(folder, fileNames, start.fileName(), direction);
 }
 
+bool MainWindow::stepTo(const QString& path, const QJsonObject& file)
+{
+    // A save question comes in between and may change the very file, which is then read again.
+    if (isModified)
+        return loadSpecies(path);
+    replaceDocument(path, file);
+    return true;
+}
+
 bool MainWindow::loadFirstSpeciesFile(const QDir& folder, const QStringList& fileNames)
 {
     for (const QString& fileName : fileNames) {
         const QString path = folder.absoluteFilePath(fileName);
-        if (SpeciesFile::isSpeciesFile(path))
-            return loadSpecies(path);
+        if (const std::optional<QJsonObject> file = SpeciesFile::read(path))
+            return stepTo(path, *file);
     }
     Messages::information(this, tr("No Species Files"),
                           tr("No species JSON files found in the directory."));
@@ -90,8 +102,8 @@ bool MainWindow::loadNeighbour(const QDir& folder, const QStringList& fileNames,
     };
     for (qsizetype index = neighbour(start); index != start; index = neighbour(index)) {
         const QString path = folder.absoluteFilePath(fileNames.at(index));
-        if (SpeciesFile::isSpeciesFile(path))
-            return loadSpecies(path);
+        if (const std::optional<QJsonObject> file = SpeciesFile::read(path))
+            return stepTo(path, *file);
     }
     Messages::information(this, tr("No Other Species Files"),
                           tr("No other species JSON files found in the directory."));

@@ -59,7 +59,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QString path = folder.filePath(QStringLiteral("entry.json"));
     writeFile(path, Fuzz::bytes(data, size));
     constexpr int mostDatasets = 20;
-    if (!SpeciesFile::isSpeciesFile(path) ||
+    if (!SpeciesFile::read(path) ||
         SpeciesFile::datasets(JsonFile::read(path).object).size() > mostDatasets)
         return 0;
 

@@ -22,10 +22,12 @@ bool isSpecies(const QJsonObject& file)
     return JsonFile::isOfType(file, speciesType);
 }
 
-bool isSpeciesFile(const QString& path)
+std::optional<QJsonObject> read(const QString& path)
 {
     const JsonFile::ReadResult file = JsonFile::read(path);
-    return file.parsed && isSpecies(file.object);
+    if (!file.parsed || !isSpecies(file.object))
+        return {};
+    return file.object;
 }
 
 QJsonObject species(const QJsonObject& file)

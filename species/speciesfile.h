@@ -6,6 +6,8 @@
 #include <QJsonObject>
 #include <QList>
 
+#include <optional>
+
 /// The species file: one species with all its spectrum datasets, as a JSON object of "Type",
 /// "Species" and "Dataset1", "Dataset2", ...
 namespace SpeciesFile {
@@ -13,8 +15,9 @@ namespace SpeciesFile {
 /// Whether the object says of itself that it is a species file.
 [[nodiscard]] bool isSpecies(const QJsonObject& file);
 
-/// Whether the file at @p path can be read, is well-formed JSON and is a species file.
-[[nodiscard]] bool isSpeciesFile(const QString& path);
+/// The content of the file at @p path, if it can be read, is well-formed JSON and is a species
+/// file.
+[[nodiscard]] std::optional<QJsonObject> read(const QString& path);
 
 /// The species object; empty when there is none.
 [[nodiscard]] QJsonObject species(const QJsonObject& file);

@@ -3,17 +3,25 @@
 
 #include "spectrum/pointtext.h"
 
+#include "spectrum/decimaltext.h"
+
 #include <QRegularExpression>
+#include <QStringList>
+#include <QStringTokenizer>
 
 #include <array>
 #include <cfloat>
+#include <cstddef>
 #include <cstdint>
 
 namespace {
 
+constexpr char16_t lineFeed = u'\n';
+
+/// Whether the character separates the two numbers of a line.
 bool isSeparator(char16_t c)
 {
-    return c == u' ' || c == u',' || c == u';' || (c >= u'\t' && c <= u'\r');
+    return c == u' ' || c == u';' || c == u',' || c == u'\t' || (c >= u'\v' && c <= u'\r');
 }
 
 bool isDigit(char16_t c)
@@ -27,50 +35,80 @@ bool isDigit(char16_t c)
 constexpr std::array<double, 23> exactPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+// Where sums are kept with more digits than a double has (x87), one operation rounds twice.
+constexpr bool operationsAreExact = FLT_EVAL_METHOD == 0;
 constexpr std::uint64_t largestExactDigits = std::uint64_t{1} << 53U;
 
-/// Reads plain decimals (sign, digits, dot, digits, exponent) from a text, front to back.
-class DecimalScanner
+/// Reads point lines of two plain decimals (sign, digits, dot, digits, exponent), front to back.
+class PlainLineScanner
 {
 public:
-    explicit DecimalScanner(QStringView text)
+    explicit PlainLineScanner(QStringView text)
         : next(text.utf16())
         , end(next + text.size())
     {}
 
+    [[nodiscard]] bool atEnd() const { return next == end; }
+
+    /// The point of the line that begins here, all of which is then read; empty, with nothing read,
+    /// for every other line.
+    std::optional<QPointF> point()
+    {
+        const char16_t* const lineBegin = next;
+        skipSeparators();
+        const std::optional<double> energy = number();
+        if (energy) {
+            skipSeparators();
+            const std::optional<double> intensity = number();
+            if (intensity) {
+                skipSeparators();
+                if (atEnd() || accept(lineFeed))
+                    return QPointF(*energy, *intensity);
+            }
+        }
+        next = lineBegin;
+        return {};
+    }
+
+    /// The line that begins here, whatever it is, without its line feed.
+    QStringView line()
+    {
+        const QStringView rest(next, end);
+        const qsizetype length = rest.indexOf(QChar(lineFeed));
+        next = length < 0 ? end : next + length + 1;
+        return length < 0 ? rest : rest.first(length);
+    }
+
+private:
     void skipSeparators()
     {
         while (next != end && isSeparator(*next))
             ++next;
     }
 
-    [[nodiscard]] bool atEnd() const { return next == end; }
-
     /// The number up to the next separator; empty when it is not of the plain kind or when its
     /// value takes more than one exact operation.
     std::optional<double> number()
     {
         const bool negative = acceptSign();
-        digits = 0;
-        digitCount = 0;
-        takeDigits();
+        std::uint64_t digits = 0;
+        std::ptrdiff_t digitCount = takeDigits(digits);
         int exponent = 0;
         if (accept(u'.')) {
-            const int digitsBeforeDot = digitCount;
-            takeDigits();
-            exponent = digitsBeforeDot - digitCount;
+            const std::ptrdiff_t decimals = takeDigits(digits);
+            digitCount += decimals;
+            exponent = -static_cast<int>(decimals);
         }
         constexpr int mostDigits = 18; // never overflows 64 bits
         if (digitCount == 0 || digitCount > mostDigits || digits > largestExactDigits)
             return {};
         if ((accept(u'e') || accept(u'E')) && !takeExponent(exponent))
             return {};
-        if (next != end && !isSeparator(*next))
+        if (next != end && *next != lineFeed && !isSeparator(*next))
             return {};
-        return value(negative, exponent);
+        return value(negative, digits, exponent);
     }
 
-private:
     bool accept(char16_t c)
     {
         const bool found = next != end && *next == c;
@@ -87,25 +125,32 @@ private:
         return negative;
     }
 
-    void takeDigits()
+    /// Appends the digits up to the next other character to @p digits, and returns their number.
+    std::ptrdiff_t takeDigits(std::uint64_t& digits)
     {
-        for (; next != end && isDigit(*next); ++next, ++digitCount)
-            digits = digits * 10 + static_cast<std::uint64_t>(*next - u'0');
+        const char16_t* const first = next;
+        std::uint64_t appended = digits;
+        const char16_t* c = first;
+        for (; c != end && isDigit(*c); ++c)
+            appended = appended * 10 + static_cast<std::uint64_t>(*c - u'0');
+        digits = appended;
+        next = c;
+        return c - first;
     }
 
     bool takeExponent(int& exponent)
     {
         const bool negative = acceptSign();
-        int written = 0;
-        int count = 0;
+        std::uint64_t written = 0;
+        const std::ptrdiff_t count = takeDigits(written);
         constexpr int mostExponentDigits = 3;
-        for (; next != end && isDigit(*next) && count <= mostExponentDigits; ++next, ++count)
-            written = written * 10 + (*next - u'0');
-        exponent += negative ? -written : written;
-        return count > 0 && count <= mostExponentDigits;
+        if (count == 0 || count > mostExponentDigits)
+            return false;
+        exponent += negative ? -static_cast<int>(written) : static_cast<int>(written);
+        return true;
     }
 
-    [[nodiscard]] std::optional<double> value(bool negative, int exponent) const
+    static std::optional<double> value(bool negative, std::uint64_t digits, int exponent)
     {
         constexpr int largestExactPower = static_cast<int>(exactPowersOfTen.size()) - 1;
         if (exponent < -largestExactPower || exponent > largestExactPower)
@@ -120,64 +165,51 @@ private:
 
     const char16_t* next;
     const char16_t* end;
-    std::uint64_t digits = 0;
-    int digitCount = 0;
 };
 
-/// The point of a line of two plain decimals; empty for every other line.
-std::optional<QPointF> parsePlainLine(QStringView line)
+/// One line for each point, joined by line feeds.
+template <typename AppendLine>
+QString textOf(const QList<QPointF>& points, AppendLine appendLine)
 {
-    DecimalScanner scanner(line);
-    scanner.skipSeparators();
-    const std::optional<double> energy = scanner.number();
-    if (!energy)
-        return {};
-    scanner.skipSeparators();
-    const std::optional<double> intensity = scanner.number();
-    if (!intensity)
-        return {};
-    scanner.skipSeparators();
-    if (!scanner.atEnd())
-        return {};
-    return QPointF(*energy, *intensity);
+    constexpr qsizetype usualLineLength = 20;
+    QString text;
+    text.reserve(points.size() * usualLineLength);
+    for (const QPointF& point : points) {
+        if (!text.isEmpty())
+            text.append(QChar(lineFeed));
+        appendLine(text, point);
+    }
+    return text;
 }
 
-QStringList fixedLines(const QList<QPointF>& points, int energyDecimals)
+QString fixedText(const QList<QPointF>& points, int energyDecimals)
 {
     constexpr int intensityDecimals = 2;
-    QStringList lines;
-    lines.reserve(points.size());
-    for (const QPointF& point : points) {
-        lines.append(QString::number(point.x(), 'f', energyDecimals) + QLatin1Char(' ') +
-                     QString::number(point.y(), 'f', intensityDecimals));
-    }
-    return lines;
+    return textOf(points, [energyDecimals](QString& text, const QPointF& point) {
+        DecimalText::appendFixed(text, point.x(), energyDecimals);
+        text.append(QLatin1Char(' '));
+        DecimalText::appendFixed(text, point.y(), intensityDecimals);
+    });
 }
 
 } // namespace
 
 namespace PointText {
 
-QList<QPointF> parse(const QStringList& lines)
+QList<QPointF> parse(QStringView text)
 {
+    constexpr qsizetype shortestUsualLine = 8;
     QList<QPointF> points;
-    points.reserve(lines.size());
-    for (const QString& line : lines) {
-        if (const std::optional<QPointF> point = parseLine(line))
+    points.reserve(text.size() / shortestUsualLine);
+    PlainLineScanner scanner(text);
+    while (!scanner.atEnd()) {
+        std::optional<QPointF> point = operationsAreExact ? scanner.point() : std::nullopt;
+        if (!point)
+            point = parseLineByExpression(scanner.line().toString());
+        if (point)
             points.append(*point);
     }
     return points;
-}
-
-std::optional<QPointF> parseLine(QStringView line)
-{
-    // Where sums are kept with more digits than a double has (x87), one operation rounds twice.
-    constexpr bool operationsAreExact = FLT_EVAL_METHOD == 0;
-    if constexpr (operationsAreExact) {
-        if (const std::optional<QPointF> point = parsePlainLine(line))
-            return point;
-    }
-    return parseLineByExpression(line.toString());
 }
 
 std::optional<QPointF> parseLineByExpression(const QString& line)
@@ -195,21 +227,35 @@ std::optional<QPointF> parseLineByExpression(const QString& line)
     return point;
 }
 
-QStringList normalizedLines(const QList<QPointF>& points)
+QString withoutEmptyLines(const QString& text)
 {
-    return fixedLines(points, 4);
+    QString kept;
+    kept.reserve(text.size());
+    for (const QStringView line : qTokenize(text, QChar(lineFeed), Qt::SkipEmptyParts)) {
+        if (!kept.isEmpty())
+            kept.append(QChar(lineFeed));
+        kept.append(line);
+    }
+    return kept;
 }
 
-QStringList resampledLines(const QList<QPointF>& points)
+QString normalizedText(const QList<QPointF>& points)
 {
-    return fixedLines(points, 3);
+    return fixedText(points, 4);
 }
 
-QString loadedLine(double energy, double intensity)
+QString resampledText(const QList<QPointF>& points)
 {
-    constexpr int significantDigits = 6;
-    return QString::number(energy, 'g', significantDigits) + QLatin1String("; ") +
-           QString::number(intensity, 'g', significantDigits);
+    return fixedText(points, 3);
+}
+
+QString loadedText(const QList<QPointF>& points)
+{
+    return textOf(points, [](QString& text, const QPointF& point) {
+        DecimalText::appendSignificant(text, point.x());
+        text.append(QLatin1String("; "));
+        DecimalText::appendSignificant(text, point.y());
+    });
 }
 
 } // namespace PointText

@@ -5,7 +5,7 @@
 
 #include <QList>
 #include <QPointF>
-#include <QStringList>
+#include <QString>
 
 #include <optional>
 
@@ -13,26 +13,28 @@
 /// (arbitrary units). The order of the lines is kept and nothing is sorted.
 namespace PointText {
 
-/// The points of the lines, in order. A line that is not exactly two numbers, separated by commas,
-/// semicolons or white space, is skipped. A comma is never a decimal mark.
-[[nodiscard]] QList<QPointF> parse(const QStringList& lines);
-
-/// The point of one line. Plain ASCII decimals are read in one pass; whatever is unusual goes to
+/// The points of the lines of a text, in order. A line that is not exactly two numbers, separated
+/// by commas, semicolons or white space, is skipped. A comma is never a decimal mark.
+///
+/// Plain ASCII decimals are read in one pass; lines with anything unusual go to
 /// parseLineByExpression(), with which the result always agrees bit for bit.
-[[nodiscard]] std::optional<QPointF> parseLine(QStringView line);
+[[nodiscard]] QList<QPointF> parse(QStringView text);
 
 /// What defines a point line: split at every match of the separator expression, two parts, both
 /// converted by the toolkit in the C locale.
 [[nodiscard]] std::optional<QPointF> parseLineByExpression(const QString& line);
 
-/// Lines as normalising writes them: energy with 4 decimals, blank, intensity with 2.
-[[nodiscard]] QStringList normalizedLines(const QList<QPointF>& points);
+/// The text without its empty lines; lines of blanks stay.
+[[nodiscard]] QString withoutEmptyLines(const QString& text);
 
-/// Lines as resampling writes them: energy with 3 decimals, blank, intensity with 2.
-[[nodiscard]] QStringList resampledLines(const QList<QPointF>& points);
+/// Points as normalising writes them, a line each: energy with 4 decimals, blank, intensity with 2.
+[[nodiscard]] QString normalizedText(const QList<QPointF>& points);
 
-/// A line as loading from a record writes it: both numbers rounded to 6 significant digits,
-/// separated by a semicolon and a blank.
-[[nodiscard]] QString loadedLine(double energy, double intensity);
+/// Points as resampling writes them, a line each: energy with 3 decimals, blank, intensity with 2.
+[[nodiscard]] QString resampledText(const QList<QPointF>& points);
+
+/// Points as loading from a record writes them, a line each: both numbers rounded to 6 significant
+/// digits, separated by a semicolon and a blank.
+[[nodiscard]] QString loadedText(const QList<QPointF>& points);
 
 } // namespace PointText

@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QtCharts/QAbstractAxis>
 #include <QtCharts/QChart>
 
 #include <algorithm>
@@ -38,6 +39,8 @@ void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 void SpectrumChartView::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF wholePixel = event->position().toPoint();
+    if (!fitted)
+        fitChart();
     showValue(chart()->mapToValue(wholePixel));
     QChartView::mouseMoveEvent(event);
 }
@@ -53,8 +56,33 @@ void SpectrumChartView::mouseReleaseEvent(QMouseEvent* event)
 
 void SpectrumChartView::resizeEvent(QResizeEvent* event)
 {
-    QChartView::resizeEvent(event);
+    event->accept();
+    fitted = false;
     positionHoverLabel();
+}
+
+bool SpectrumChartView::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::Paint && !fitted)
+        fitChart();
+    return QChartView::viewportEvent(event);
+}
+
+void SpectrumChartView::fitChart()
+{
+    fitted = true;
+    if (!chart()->isVisible()) {
+        chart()->show();
+        // An axis keeps asking for no room, as it did while it was hidden, until something about it
+        // changes.
+        const QList<QAbstractAxis*> axes = chart()->axes();
+        for (QAbstractAxis* axis : axes) {
+            axis->setTitleVisible(false);
+            axis->setTitleVisible(true);
+        }
+    }
+    QResizeEvent resize(size(), size());
+    QChartView::resizeEvent(&resize);
 }
 
 void SpectrumChartView::showValue(QPointF value)

@@ -9,6 +9,10 @@ class QLabel;
 
 /// Chart of a spectrum: shows the values under the mouse in its bottom-right corner, zooms into a
 /// rectangle dragged with the left button and back to the whole spectrum with the right one.
+///
+/// Fitting the chart to the view draws all its points anew. That waits until the view is painted:
+/// an entry with many spectra shows one of them at a time, while the others are resized many times
+/// over.
 class SpectrumChartView : public QChartView
 {
     Q_OBJECT
@@ -21,10 +25,13 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
+    void fitChart();
     void showValue(QPointF value);
     void positionHoverLabel();
 
     QLabel* hoverLabel;
+    bool fitted = false; ///< Whether the chart has the size of the view.
 };

@@ -65,6 +65,31 @@ const TypeTexts& textsOfOtherKind(int type)
     return type == SpectrumModel::FcSimulation ? experimentTexts : simulationTexts;
 }
 
+/// The points of a record; none when its two arrays differ in length.
+QList<QPointF> pointsOf(const QJsonObject& record)
+{
+    QList<QPointF> points;
+    if (record.contains(pointObjectsKey)) {
+        const QJsonArray pointObjects = record.value(pointObjectsKey).toArray();
+        points.reserve(pointObjects.size());
+        for (const QJsonValueConstRef element : pointObjects) {
+            const QJsonObject point = element.toObject();
+            points.append(
+                {point.value(energyKey).toDouble(), point.value(intensityKey).toDouble()});
+        }
+        return points;
+    }
+
+    const QJsonArray energies = record.value(energyKey).toArray();
+    const QJsonArray intensities = record.value(intensityKey).toArray();
+    if (energies.size() != intensities.size())
+        return points;
+    points.reserve(energies.size());
+    for (qsizetype i = 0; i < energies.size(); ++i)
+        points.append({energies.at(i).toDouble(), intensities.at(i).toDouble()});
+    return points;
+}
+
 } // namespace
 
 SpectrumModel::SpectrumModel(QObject* parent, QPlainTextEdit* editor)
@@ -151,33 +176,13 @@ void SpectrumModel::readPointArrays(const QJsonObject& record)
 {
     // Loading rounds to six significant digits on purpose: the editor shows what a spectrometer can
     // tell apart, and what is shown is what is saved.
-    pointLines.clear();
-    if (record.contains(pointObjectsKey)) {
-        const QJsonArray pointObjects = record.value(pointObjectsKey).toArray();
-        pointLines.reserve(pointObjects.size());
-        for (const QJsonValueConstRef element : pointObjects) {
-            const QJsonObject point = element.toObject();
-            pointLines.append(PointText::loadedLine(point.value(energyKey).toDouble(),
-                                                    point.value(intensityKey).toDouble()));
-        }
-        return;
-    }
-
-    const QJsonArray energies = record.value(energyKey).toArray();
-    const QJsonArray intensities = record.value(intensityKey).toArray();
-    if (energies.size() != intensities.size())
-        return;
-    pointLines.reserve(energies.size());
-    for (qsizetype i = 0; i < energies.size(); ++i) {
-        pointLines.append(
-            PointText::loadedLine(energies.at(i).toDouble(), intensities.at(i).toDouble()));
-    }
+    pointLines = PointText::loadedText(pointsOf(record));
 }
 
 void SpectrumModel::normalizeSpectrum()
 {
     if (const auto scaled = SpectrumPoints::normalized(points()))
-        replacePoints(PointText::normalizedLines(*scaled));
+        replacePoints(PointText::normalizedText(*scaled));
 }
 
 void SpectrumModel::makePointsSparser()
@@ -188,10 +193,10 @@ void SpectrumModel::makePointsSparser()
         return;
     }
     if (const auto resampled = SpectrumPoints::resampled(points()))
-        replacePoints(PointText::resampledLines(*resampled));
+        replacePoints(PointText::resampledText(*resampled));
 }
 
-void SpectrumModel::replacePoints(const QStringList& lines)
+void SpectrumModel::replacePoints(const QString& lines)
 {
     pointLines = lines;
     writePointText();
@@ -200,10 +205,8 @@ void SpectrumModel::replacePoints(const QStringList& lines)
 
 void SpectrumModel::emitSpectrumDataChanged()
 {
-    if (!writingPointText && pointText != nullptr) {
-        const QString text = pointText->document()->toPlainText();
-        pointLines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    }
+    if (!writingPointText && pointText != nullptr)
+        pointLines = PointText::withoutEmptyLines(pointText->document()->toPlainText());
     Q_EMIT spectrumDataChanged();
 }
 
@@ -212,5 +215,5 @@ void SpectrumModel::writePointText()
     if (pointText == nullptr)
         return;
     const QScopedValueRollback<bool> writing(writingPointText, true);
-    pointText->setPlainText(pointLines.join(QLatin1Char('\n')));
+    pointText->setPlainText(pointLines);
 }

@@ -8,12 +8,12 @@
 #include <QJsonObject>
 #include <QList>
 #include <QPointF>
-#include <QStringList>
+#include <QString>
 
 class QPlainTextEdit;
 class QTimer;
 
-/// One spectrum dataset: its metadata in one row of cells, its points as lines of text.
+/// One spectrum dataset: its metadata in one row of cells, its points as text.
 ///
 /// The points mirror a point editor, when there is one: typed edits are taken over once the typing
 /// has paused for two seconds, and the model's own rewrites are put into the editor.
@@ -78,11 +78,13 @@ private:
     [[nodiscard]] QVariant value(int column) const;
     void setValue(int column, const QVariant& newValue);
     void readPointArrays(const QJsonObject& record);
-    void replacePoints(const QStringList& lines);
+    void replacePoints(const QString& lines);
     void writePointText();
 
     QTimer* updateTimer;
     QPlainTextEdit* pointText;
     bool writingPointText = false;
-    QStringList pointLines;
+    /// The point text without its empty lines. One string, not a list: splitting a long text costs
+    /// many times what parsing it does.
+    QString pointLines;
 };

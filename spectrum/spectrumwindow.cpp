@@ -116,6 +116,7 @@ void SpectrumWindow::buildChart()
 {
     auto* chart = new QChart;
     chart->legend()->hide();
+    chart->hide(); // until the view is painted: what cannot be seen is not laid out
 
     auto* series = new QLineSeries;
     chart->addSeries(series);
@@ -229,12 +230,14 @@ void SpectrumWindow::updateChart()
     QValueAxis* energyAxis = firstValueAxis(Qt::Horizontal);
     QValueAxis* intensityAxis = firstValueAxis(Qt::Vertical);
     const auto extent = SpectrumPoints::extent(points);
+    // Every call below that changes something draws all points anew: so the old ones go first and
+    // the new ones come last.
+    series->clear();
     if (energyAxis != nullptr && intensityAxis != nullptr && extent) {
         energyAxis->setRange(extent->energy.lowest, extent->energy.highest);
         intensityAxis->setRange(extent->intensity.lowest, extent->intensity.highest);
     }
 
-    // Ranges first: every one of these calls draws all points anew, and so the new ones only once.
     const QModelIndex lineSpectrum = spectrumModel->index(0, SpectrumModel::LineSpectrum);
     const bool asSticks = spectrumModel->data(lineSpectrum, Qt::DisplayRole).toBool();
     series->replace(asSticks ? SpectrumPoints::sticks(points) : points);

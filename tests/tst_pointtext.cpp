@@ -31,6 +31,13 @@ bool samePoint(const MaybePoint& a, const MaybePoint& b)
     return sameNumber(a->x(), b->x()) && sameNumber(a->y(), b->y());
 }
 
+/// The point that the quick way finds in a text of one line.
+MaybePoint quickPoint(QStringView line)
+{
+    const QList<QPointF> points = PointText::parse(line);
+    return points.isEmpty() ? MaybePoint() : points.constFirst();
+}
+
 QString describe(const MaybePoint& point)
 {
     if (!point)
@@ -55,7 +62,7 @@ QString someSeparator(QRandomGenerator& random)
 {
     static const QStringList separators{
         u" "_s,  u" "_s,  u"\t"_s,     u","_s,      u";"_s,      u"; "_s,     u", "_s,
-        u"  "_s, u"\r"_s, u"\v"_s,     u"\f"_s,     u"\n"_s,     u" ,;\t "_s, u"\u00a0"_s,
+        u"  "_s, u"\r"_s, u"\v"_s,     u"\f"_s,     u"\t\f"_s,   u" ,;\t "_s, u"\u00a0"_s,
         u""_s,   u":"_s,  u"\u2028"_s, u"\u2003"_s, u"\u0085"_s, u"\ufeff"_s, u"\u3000"_s};
     return oneOf(random, separators);
 }
@@ -239,32 +246,60 @@ private Q_SLOTS:
     {
         QFETCH(QString, line);
         QFETCH(MaybePoint, point);
-        const MaybePoint quick = PointText::parseLine(line);
+        const MaybePoint quick = quickPoint(line);
         QVERIFY2(samePoint(quick, point), qPrintable(describe(quick)));
         const MaybePoint byExpression = PointText::parseLineByExpression(line);
         QVERIFY2(samePoint(byExpression, point), qPrintable(describe(byExpression)));
-        QCOMPARE(PointText::parse({line}).size(), point ? 1 : 0);
     }
 
     void partOfALongerTextIsReadAlone()
     {
         const QString text = u"10.5 2001.5e3"_s;
-        QCOMPARE(PointText::parseLine(QStringView(text).first(8)), QPointF(10.5, 200));
-        QCOMPARE(PointText::parseLine(QStringView(text).first(7)), QPointF(10.5, 20));
-        QVERIFY(!PointText::parseLine(QStringView(text).first(5)));
+        QCOMPARE(quickPoint(QStringView(text).first(8)), QPointF(10.5, 200));
+        QCOMPARE(quickPoint(QStringView(text).first(7)), QPointF(10.5, 20));
+        QVERIFY(!quickPoint(QStringView(text).first(5)));
     }
 
     void linesKeepTheirOrderAndDuplicates()
     {
-        const QStringList lines{u"E / eV, I"_s, u"3 1"_s, u"1 2"_s, u" "_s, u"3 1"_s, u"1 2 3"_s};
         const QList<QPointF> points{{3, 1}, {1, 2}, {3, 1}};
-        QCOMPARE(PointText::parse(lines), points);
+        QCOMPARE(PointText::parse(u"E / eV, I\n3 1\n1 2\n \n3 1\n1 2 3"), points);
+    }
+
+    void numbersOfTwoLinesAreNoPoint()
+    {
+        QCOMPARE(PointText::parse(u"1\n2\n3\n4 \n 5,\n;6"), QList<QPointF>());
+        const QList<QPointF> between{{3, 4}};
+        QCOMPARE(PointText::parse(u"1 \n2\n3 4\n5"), between);
+    }
+
+    void oneUnusualLineChangesNoOther()
+    {
+        const QList<QPointF> points{{1, 2}, {0.1, 3}, {4, 5}};
+        QCOMPARE(PointText::parse(u"1 2\n0.1000000000000000000001 3\n0x10 3\n\n4 5\n"), points);
     }
 
     void noUsableLineGivesNoPoints()
     {
         QCOMPARE(PointText::parse({}), QList<QPointF>());
-        QCOMPARE(PointText::parse({u"eV counts"_s, u"10"_s, u""_s}), QList<QPointF>());
+        QCOMPARE(PointText::parse(u"eV counts\n10\n\n"), QList<QPointF>());
+    }
+
+    void emptyLinesAreDroppedAndBlankOnesKept_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("nothing") << QString() << QString();
+        QTest::newRow("only line feeds") << u"\n\n\n"_s << QString();
+        QTest::newRow("none empty") << u"1 2\n3 4"_s << u"1 2\n3 4"_s;
+        QTest::newRow("everywhere") << u"\n\n1 2\n\n\n3 4\n"_s << u"1 2\n3 4"_s;
+        QTest::newRow("blanks") << u" \n\n\t\n"_s << u" \n\t"_s;
+        QTest::newRow("carriage returns") << u"1 2\r\n\r\n3 4"_s << u"1 2\r\n\r\n3 4"_s;
+    }
+    void emptyLinesAreDroppedAndBlankOnesKept()
+    {
+        QFETCH(QString, text);
+        QTEST(PointText::withoutEmptyLines(text), "kept");
     }
 
     void quickReadingAgreesWithTheSeparatorExpression_data()
@@ -284,7 +319,7 @@ private Q_SLOTS:
         constexpr int lineCount = 40'000;
         for (int i = 0; i < lineCount; ++i) {
             const QString line = numbers ? lineOfNumbers(random) : lineOfAnything(random);
-            const MaybePoint quick = PointText::parseLine(line);
+            const MaybePoint quick = quickPoint(line);
             const MaybePoint byExpression = PointText::parseLineByExpression(line);
             if (!samePoint(quick, byExpression)) {
                 const QString problem =
@@ -302,23 +337,24 @@ private Q_SLOTS:
 
     void normalizedLinesHaveFourAndTwoDecimals()
     {
-        const QStringList lines{u"10.0000 500.00"_s, u"-0.1235 1000.00"_s, u"12.3457 -0.01"_s,
-                                u"100000000.0000 12345678.90"_s, u"0.0000 0.00"_s};
-        QCOMPARE(PointText::normalizedLines({{10, 500},
-                                             {-0.12346, 1000},
-                                             {12.345678, -0.0051},
-                                             {1e8, 12345678.9},
-                                             {1e-9, 0.001}}),
-                 lines);
-        QCOMPARE(PointText::normalizedLines({}), QStringList());
+        QCOMPARE(PointText::normalizedText({{10, 500},
+                                            {-0.12346, 1000},
+                                            {12.345678, -0.0051},
+                                            {1e8, 12345678.9},
+                                            {1e-9, 0.001}}),
+                 u"10.0000 500.00\n"
+                 "-0.1235 1000.00\n"
+                 "12.3457 -0.01\n"
+                 "100000000.0000 12345678.90\n"
+                 "0.0000 0.00"_s);
+        QCOMPARE(PointText::normalizedText({}), QString());
     }
 
     void resampledLinesHaveThreeAndTwoDecimals()
     {
-        const QStringList lines{u"10.001 1.00"_s, u"-12.346 0.13"_s, u"1234567.000 -1000.00"_s};
-        QCOMPARE(PointText::resampledLines({{10.001, 1}, {-12.345678, 0.126}, {1234567, -999.999}}),
-                 lines);
-        QCOMPARE(PointText::resampledLines({}), QStringList());
+        QCOMPARE(PointText::resampledText({{10.001, 1}, {-12.345678, 0.126}, {1234567, -999.999}}),
+                 u"10.001 1.00\n-12.346 0.13\n1234567.000 -1000.00"_s);
+        QCOMPARE(PointText::resampledText({}), QString());
     }
 
     void loadedLineHasSixSignificantDigits_data()
@@ -338,16 +374,17 @@ private Q_SLOTS:
     {
         QFETCH(double, energy);
         QFETCH(double, intensity);
-        QTEST(PointText::loadedLine(energy, intensity), "line");
+        QTEST(PointText::loadedText({{energy, intensity}}), "line");
     }
 
     void writtenLinesAreReadBack()
     {
         const QList<QPointF> points{{10.125, -2.5}, {11, 1000}};
-        QCOMPARE(PointText::parse(PointText::normalizedLines(points)), points);
-        QCOMPARE(PointText::parse(PointText::resampledLines(points)), points);
-        const QList<QPointF> extreme{{1e-05, 1.5e+30}};
-        QCOMPARE(PointText::parse({PointText::loadedLine(1e-05, 1.5e+30)}), extreme);
+        QCOMPARE(PointText::parse(PointText::normalizedText(points)), points);
+        QCOMPARE(PointText::parse(PointText::resampledText(points)), points);
+        QCOMPARE(PointText::parse(PointText::loadedText(points)), points);
+        const QList<QPointF> extreme{{1e-05, 1.5e+30}, {1, 2}};
+        QCOMPARE(PointText::parse(PointText::loadedText(extreme)), extreme);
     }
 };
 

@@ -64,7 +64,7 @@ private Q_SLOTS:
         QFETCH(bool, species);
         QCOMPARE(SpeciesFile::isSpecies(parsed(text)), species);
         const Sandbox sandbox;
-        QCOMPARE(SpeciesFile::isSpeciesFile(sandbox.write(u"a.json"_s, text)), species);
+        QCOMPARE(SpeciesFile::read(sandbox.write(u"a.json"_s, text)).has_value(), species);
     }
 
     void unreadableFilesAreNoSpeciesFiles_data()
@@ -82,14 +82,14 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, text);
         const Sandbox sandbox;
-        QVERIFY(!SpeciesFile::isSpeciesFile(sandbox.write(u"a.json"_s, text)));
+        QVERIFY(!SpeciesFile::read(sandbox.write(u"a.json"_s, text)));
     }
 
     void missingFilesAndFoldersAreNoSpeciesFiles()
     {
         const Sandbox sandbox;
-        QVERIFY(!SpeciesFile::isSpeciesFile(sandbox.path(u"missing.json"_s)));
-        QVERIFY(!SpeciesFile::isSpeciesFile(sandbox.path()));
+        QVERIFY(!SpeciesFile::read(sandbox.path(u"missing.json"_s)));
+        QVERIFY(!SpeciesFile::read(sandbox.path()));
     }
 
     void speciesObjectIsTakenOrEmpty_data()

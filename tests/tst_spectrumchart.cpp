@@ -169,6 +169,20 @@ private Q_SLOTS:
         QCOMPARE(range(window), (Range{10, 11, 5, 7}));
     }
 
+    void loadedPointsLookLikeTypedOnes()
+    {
+        SpectrumWindow loaded(
+            QJsonObject{{u"E"_s, QJsonArray{9.5, 10, 11.25}}, {u"I"_s, QJsonArray{12.5, 1000, 0}}});
+        SpectrumWindow typed;
+        for (SpectrumWindow* window : {&loaded, &typed}) {
+            window->show();
+            QVERIFY(QTest::qWaitForWindowExposed(window));
+        }
+        setPoints(typed, u"9.5 12.5\n10 1000\n11.25 0"_s);
+        QCOMPARE(chartView(loaded)->chart()->plotArea(), chartView(typed)->chart()->plotArea());
+        QCOMPARE(chartView(loaded)->grab().toImage(), chartView(typed)->grab().toImage());
+    }
+
     void lineSpectrumIsDrawnAsSticks_data()
     {
         QTest::addColumn<QString>("text");
