@@ -9,10 +9,40 @@
 #include "species/speciesfile.h"
 #include "support/jsonfile.h"
 #include "support/messages.h"
+#include "support/waitcursor.h"
+#include "support/wholefile.h"
 
-#include <QApplication>
 #include <QDate>
-#include <QScopeGuard>
+
+#include <optional>
+#include <utility>
+
+namespace {
+
+bool isUsable(const JsonFile::ReadResult& file)
+{
+    return file.opened && SpeciesFile::isSpecies(file.object);
+}
+
+/// The files are compiled in another order than that of the list, which is the person's.
+void showFirstUnusable(QWidget* messageParent, const QStringList& speciesFiles)
+{
+    for (const QString& path : speciesFiles) {
+        const JsonFile::ReadResult file = whileWaiting([&path] { return JsonFile::read(path); });
+        if (isUsable(file))
+            continue;
+        if (file.opened) {
+            Messages::critical(messageParent, QStringLiteral("Error"),
+                               QStringLiteral("Invalid species type in file: ") + path);
+        } else {
+            Messages::warning(messageParent, QStringLiteral("Error"),
+                              QStringLiteral("Could not open file: ") + path);
+        }
+        return;
+    }
+}
+
+} // namespace
 
 void MainWindow::createSpeciesDatabase()
 {
@@ -42,29 +72,23 @@ bool MainWindow::writeDatabase(QWidget* messageParent, const QStringList& specie
                                const QString& databaseFile, const QString& version,
                                const QString& release, const QString& title, bool compact)
 {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    const QJsonDocument::JsonFormat format =
+        compact ? QJsonDocument::Compact : QJsonDocument::Indented;
+    std::optional<WaitCursor> waiting(std::in_place);
 
-    QList<QJsonObject> entries;
-    for (const QString& path : speciesFiles) {
-        const JsonFile::ReadResult file = JsonFile::read(path);
-        if (file.opened && SpeciesFile::isSpecies(file.object)) {
-            entries.append(file.object);
-            continue;
+    WholeFile database(databaseFile);
+    database.write(DatabaseAssembly::beginning(format));
+    const QList<int> order = DatabaseAssembly::entryOrder(static_cast<int>(speciesFiles.size()));
+    for (const int number : order) {
+        const JsonFile::ReadResult file = JsonFile::read(speciesFiles.at(number - 1));
+        if (!isUsable(file)) {
+            waiting.reset();
+            showFirstUnusable(messageParent, speciesFiles);
+            return false;
         }
-        QApplication::restoreOverrideCursor();
-        restoreCursor.dismiss();
-        if (file.opened)
-            Messages::critical(messageParent, tr("Error"),
-                               tr("Invalid species type in file: ") + path);
-        else
-            Messages::warning(messageParent, tr("Error"), tr("Could not open file: ") + path);
-        return false;
+        database.write(DatabaseAssembly::entry(number, file.object, format));
     }
-
     const DatabaseAssembly::Header header{version, release, title, QDate::currentDate()};
-    const QJsonObject database = DatabaseAssembly::assemble(header, entries);
-    return JsonFile::write(databaseFile, database,
-                           compact ? QJsonDocument::Compact : QJsonDocument::Indented) !=
-           JsonFile::WriteResult::NotOpened;
+    database.write(DatabaseAssembly::end(header, format));
+    return database.commit() != WholeFile::Result::NotOpened;
 }

@@ -5,24 +5,62 @@
 
 #include "support/jsonfile.h"
 
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+QString entryKey(int number)
+{
+    return QStringLiteral("Entry%1").arg(number);
+}
+
+/// What QJsonDocument writes between the outermost braces, and the braces with their line feeds.
+QByteArray membersText(const QJsonObject& object, QJsonDocument::JsonFormat format)
+{
+    const bool compact = format == QJsonDocument::Compact;
+    const qsizetype opening = compact ? 1 : 2; // {
+    const qsizetype closing = compact ? 1 : 3; // }
+    const QByteArray text = QJsonDocument(object).toJson(format);
+    return text.sliced(opening, text.size() - opening - closing);
+}
+
+} // namespace
+
 namespace DatabaseAssembly {
 
-QJsonObject assemble(const Header& header, const QList<QJsonObject>& speciesFiles)
+QByteArray beginning(QJsonDocument::JsonFormat format)
 {
-    QJsonObject database{
-        {JsonFile::typeKey, QStringLiteral("Database v1")},
+    return format == QJsonDocument::Compact ? "{" : "{\n";
+}
+
+QList<int> entryOrder(int count)
+{
+    QList<int> numbers(count);
+    std::iota(numbers.begin(), numbers.end(), 1);
+    std::sort(numbers.begin(), numbers.end(),
+              [](int a, int b) { return entryKey(a) < entryKey(b); });
+    return numbers;
+}
+
+QByteArray entry(int number, QJsonObject speciesFile, QJsonDocument::JsonFormat format)
+{
+    speciesFile.remove(JsonFile::typeKey);
+    return membersText({{entryKey(number), speciesFile}}, format) +
+           (format == QJsonDocument::Compact ? "," : ",\n");
+}
+
+QByteArray end(const Header& header, QJsonDocument::JsonFormat format)
+{
+    const QJsonObject members{
         {QStringLiteral("Header"),
          QJsonObject{{QStringLiteral("Version"), header.version},
                      {QStringLiteral("Database"), header.release},
                      {QStringLiteral("Title"), header.title},
                      {QStringLiteral("Date"), header.date.toString(Qt::ISODate)}}},
+        {JsonFile::typeKey, QStringLiteral("Database v1")},
     };
-    int number = 1;
-    for (QJsonObject entry : speciesFiles) {
-        entry.remove(JsonFile::typeKey);
-        database.insert(QStringLiteral("Entry%1").arg(number++), entry);
-    }
-    return database;
+    return membersText(members, format) + (format == QJsonDocument::Compact ? "}" : "\n}\n");
 }
 
 } // namespace DatabaseAssembly

@@ -23,10 +23,15 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     }
     const DatabaseAssembly::Header header{QStringLiteral("1.0"), QStringLiteral("3.0"),
                                           QStringLiteral("Title"), QDate(2026, 1, 2)};
-    const QByteArray text =
-        QJsonDocument(DatabaseAssembly::assemble(header, files)).toJson(QJsonDocument::Compact);
+    const auto format = size % 2 == 0 ? QJsonDocument::Compact : QJsonDocument::Indented;
+    QByteArray text = DatabaseAssembly::beginning(format);
+    const QList<int> order = DatabaseAssembly::entryOrder(static_cast<int>(files.size()));
+    for (const int entryNumber : order)
+        text += DatabaseAssembly::entry(entryNumber, files.at(entryNumber - 1), format);
+    text += DatabaseAssembly::end(header, format);
 
     const QJsonObject database = QJsonDocument::fromJson(text).object();
+    Fuzz::require(text == QJsonDocument(database).toJson(format), "the pieces fit");
     Fuzz::require(database.size() == files.size() + 2, "one entry a file, a header and a type");
     int number = 1;
     for (QJsonObject file : std::as_const(files)) {

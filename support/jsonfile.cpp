@@ -5,22 +5,11 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
-using JsonFile::WriteResult;
-
 /// No entry comes near this size; a file beyond it would only fill the memory.
 constexpr qint64 mostBytes = qint64{1} << 30;
-
-WriteResult writeInPlace(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return WriteResult::NotOpened;
-    return file.write(bytes) == bytes.size() ? WriteResult::Written : WriteResult::NotWritten;
-}
 
 } // namespace
 
@@ -44,19 +33,9 @@ ReadResult read(const QString& path)
 
 WriteResult write(const QString& path, const QJsonObject& object, QJsonDocument::JsonFormat format)
 {
-    const QByteArray bytes = QJsonDocument(object).toJson(format);
-
-    const QFileInfo target(path);
-    const bool isDevice = target.exists() && !target.isFile();
-    QSaveFile file(path);
-    if (isDevice || !file.open(QIODevice::WriteOnly))
-        return writeInPlace(path, bytes);
-
-    // On a full disk a large write() is cut short without an error, and commit() would then replace
-    // the good file by a torn one; so the bytes are counted.
-    if (file.write(bytes) != bytes.size())
-        file.cancelWriting();
-    return file.commit() ? WriteResult::Written : WriteResult::NotWritten;
+    WholeFile file(path);
+    file.write(QJsonDocument(object).toJson(format));
+    return file.commit();
 }
 
 bool isOfType(const QJsonObject& object, QLatin1String type)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "support/wholefile.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -20,16 +22,9 @@ struct ReadResult
 /// result.
 [[nodiscard]] ReadResult read(const QString& path);
 
-enum class WriteResult {
-    Written,
-    NotOpened, ///< The file could not be opened for writing.
-    NotWritten ///< Opened, but not all bytes could be stored; an existing file is as it was.
-};
+using WriteResult = WholeFile::Result;
 
-/// Writes @p object to @p path as UTF-8. An existing file keeps its permissions, a symbolic link
-/// stays one, and the old content is replaced only once the new one is completely on the disk.
-/// Where no new file can be made beside the target (a writable file in a read-only folder, a
-/// device), the target is written in place.
+/// Writes @p object to @p path as UTF-8, in the way of WholeFile.
 [[nodiscard]] WriteResult write(const QString& path, const QJsonObject& object,
                                 QJsonDocument::JsonFormat format);
 

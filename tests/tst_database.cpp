@@ -282,6 +282,25 @@ private Q_SLOTS:
         verifyNoDatabase();
     }
 
+    void firstBadFileIsTheFirstOfTheList()
+    {
+        // As keys, "Entry10" comes before "Entry2".
+        QStringList names;
+        for (int number = 1; number <= 10; ++number)
+            names.append(QStringLiteral("file%1.json").arg(number));
+        for (const QString& name : std::as_const(names))
+            sandbox->write(name, heliumFile);
+        const QString second = sandbox->write(names.at(1), "{}");
+        sandbox->write(names.at(9), "{}");
+        expectDialogFilledIn();
+        expectFiles(names);
+        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
+                           QLatin1String("Invalid species type in file: ") + second);
+        expectFailure();
+        createDatabase();
+        verifyNoDatabase();
+    }
+
     void failureKeepsTheOldDatabase()
     {
         sandbox->write(QStringLiteral("all.json"), "the old one");

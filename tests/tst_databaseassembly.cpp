@@ -22,6 +22,21 @@ QJsonObject speciesFile(int mass)
             {QStringLiteral("Species"), QJsonObject{{QStringLiteral("Mass"), mass}}}};
 }
 
+QByteArray textOf(const DatabaseAssembly::Header& head, const QList<QJsonObject>& files,
+                  QJsonDocument::JsonFormat format)
+{
+    QByteArray text = DatabaseAssembly::beginning(format);
+    const QList<int> order = DatabaseAssembly::entryOrder(static_cast<int>(files.size()));
+    for (const int number : order)
+        text += DatabaseAssembly::entry(number, files.at(number - 1), format);
+    return text + DatabaseAssembly::end(head, format);
+}
+
+QJsonObject assembled(const DatabaseAssembly::Header& head, const QList<QJsonObject>& files)
+{
+    return QJsonDocument::fromJson(textOf(head, files, QJsonDocument::Compact)).object();
+}
+
 QByteArray compact(const QJsonObject& object)
 {
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
@@ -37,7 +52,7 @@ class TestDatabaseAssembly : public QObject
 private Q_SLOTS:
     void headerCarriesTheTextsAndTheDay()
     {
-        QCOMPARE(compact(DatabaseAssembly::assemble(header(), {})),
+        QCOMPARE(compact(assembled(header(), {})),
                  QByteArray("{\"Header\":{\"Database\":\"3.0\",\"Date\":\"2026-02-01\","
                             "\"Title\":\"Spectra\",\"Version\":\"1.0\"},"
                             "\"Type\":\"Database v1\"}"));
@@ -48,8 +63,7 @@ private Q_SLOTS:
         const DatabaseAssembly::Header typed{QString(), QStringLiteral(" 3 "),
                                              QStringLiteral("<b>\"A\" & \\ B</b>"),
                                              QDate(1999, 12, 31)};
-        const QJsonObject written =
-            DatabaseAssembly::assemble(typed, {}).value(QStringLiteral("Header")).toObject();
+        const QJsonObject written = assembled(typed, {}).value(QStringLiteral("Header")).toObject();
         QCOMPARE(written.size(), 4);
         QCOMPARE(written.value(QStringLiteral("Version")), QJsonValue(QString()));
         QCOMPARE(written.value(QStringLiteral("Database")), QJsonValue(QStringLiteral(" 3 ")));
@@ -60,8 +74,8 @@ private Q_SLOTS:
 
     void entriesAreNumberedInTheirOrder()
     {
-        const QJsonObject database = DatabaseAssembly::assemble(
-            header(), {speciesFile(30), speciesFile(10), speciesFile(20)});
+        const QJsonObject database =
+            assembled(header(), {speciesFile(30), speciesFile(10), speciesFile(20)});
         QCOMPARE(database.keys(), QStringList({QStringLiteral("Entry1"), QStringLiteral("Entry2"),
                                                QStringLiteral("Entry3"), QStringLiteral("Header"),
                                                QStringLiteral("Type")}));
@@ -75,8 +89,7 @@ private Q_SLOTS:
 
     void sameFileTwiceMakesTwoEntries()
     {
-        const QJsonObject database =
-            DatabaseAssembly::assemble(header(), {speciesFile(18), speciesFile(18)});
+        const QJsonObject database = assembled(header(), {speciesFile(18), speciesFile(18)});
         QCOMPARE(compact(database.value(QStringLiteral("Entry1")).toObject()),
                  QByteArray("{\"Species\":{\"Mass\":18}}"));
         QCOMPARE(compact(database.value(QStringLiteral("Entry2")).toObject()),
@@ -88,7 +101,7 @@ private Q_SLOTS:
         QList<QJsonObject> files;
         for (int mass = 1; mass <= 11; ++mass)
             files.append(speciesFile(mass));
-        const QJsonObject database = DatabaseAssembly::assemble(header(), files);
+        const QJsonObject database = assembled(header(), files);
         QCOMPARE(database.keys(),
                  QStringList(
                      {QStringLiteral("Entry1"), QStringLiteral("Entry10"),
@@ -108,19 +121,54 @@ private Q_SLOTS:
                                 {QStringLiteral("E"), QJsonArray{1, QStringLiteral("two")}}});
         file.insert(QStringLiteral("Dataset007"), QJsonValue(QJsonValue::Null));
         file.insert(QStringLiteral("Note"), QStringLiteral("<i>kept</i>"));
-        const QJsonObject database = DatabaseAssembly::assemble(header(), {file});
+        const QJsonObject database = assembled(header(), {file});
         QCOMPARE(compact(database.value(QStringLiteral("Entry1")).toObject()),
                  QByteArray("{\"Dataset007\":null,"
                             "\"Dataset1\":{\"E\":[1,\"two\"],\"Type\":\"Spectrum v1\"},"
                             "\"Note\":\"<i>kept</i>\",\"Species\":{\"Mass\":18}}"));
     }
 
-    void givenFilesStayAsTheyAre()
+    void piecesMakeUpTheTextOfTheToolkit_data()
     {
-        const QList<QJsonObject> files{speciesFile(18)};
-        QVERIFY(!DatabaseAssembly::assemble(header(), files).isEmpty());
-        QCOMPARE(files.constFirst().value(QStringLiteral("Type")),
-                 QJsonValue(QStringLiteral("Species v1")));
+        QTest::addColumn<int>("count");
+        QTest::newRow("no entry") << 0;
+        QTest::newRow("one") << 1;
+        QTest::newRow("a dozen") << 12;
+        QTest::newRow("a hundred and eleven") << 111;
+    }
+    void piecesMakeUpTheTextOfTheToolkit()
+    {
+        QFETCH(int, count);
+        QList<QJsonObject> files;
+        for (int mass = 1; mass <= count; ++mass)
+            files.append(speciesFile(mass));
+        if (count > 1) {
+            files.first() = QJsonObject{{QStringLiteral("Type"), QStringLiteral("Species v1")}};
+            files.last().insert(QStringLiteral("Note"), QStringLiteral("{\n}\u00b5\u2028"));
+        }
+        const QJsonObject whole = assembled(header(), files);
+        QCOMPARE(whole.size(), count + 2);
+        for (const auto format : {QJsonDocument::Compact, QJsonDocument::Indented})
+            QCOMPARE(textOf(header(), files, format), QJsonDocument(whole).toJson(format));
+    }
+
+    void indentedTextHasFourBlanksALevel()
+    {
+        QCOMPARE(textOf(header(), {speciesFile(18)}, QJsonDocument::Indented),
+                 QByteArray("{\n"
+                            "    \"Entry1\": {\n"
+                            "        \"Species\": {\n"
+                            "            \"Mass\": 18\n"
+                            "        }\n"
+                            "    },\n"
+                            "    \"Header\": {\n"
+                            "        \"Database\": \"3.0\",\n"
+                            "        \"Date\": \"2026-02-01\",\n"
+                            "        \"Title\": \"Spectra\",\n"
+                            "        \"Version\": \"1.0\"\n"
+                            "    },\n"
+                            "    \"Type\": \"Database v1\"\n"
+                            "}\n"));
     }
 };
 
