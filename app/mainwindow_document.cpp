@@ -159,6 +159,8 @@ void MainWindow::showSpecies(const QJsonObject& file)
     // What the windows have put off until now would each paint the first one once more.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
+    if (SpectrumWindow* spectrum = activeSpectrum())
+        spectrum->fitChart();
     ui->mdiArea->setUpdatesEnabled(true);
 }
 

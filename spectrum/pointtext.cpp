@@ -229,6 +229,10 @@ std::optional<QPointF> parseLineByExpression(const QString& line)
 
 QString withoutEmptyLines(const QString& text)
 {
+    if (!text.startsWith(QChar(lineFeed)) && !text.endsWith(QChar(lineFeed)) &&
+        !text.contains(QLatin1String("\n\n"))) {
+        return text;
+    }
     QString kept;
     kept.reserve(text.size());
     for (const QStringView line : qTokenize(text, QChar(lineFeed), Qt::SkipEmptyParts)) {

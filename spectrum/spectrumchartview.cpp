@@ -39,8 +39,7 @@ void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 void SpectrumChartView::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF wholePixel = event->position().toPoint();
-    if (!fitted)
-        fitChart();
+    fitChart();
     showValue(chart()->mapToValue(wholePixel));
     QChartView::mouseMoveEvent(event);
 }
@@ -59,17 +58,21 @@ void SpectrumChartView::resizeEvent(QResizeEvent* event)
     event->accept();
     fitted = false;
     positionHoverLabel();
+    if (updatesEnabled() && !viewport()->visibleRegion().isEmpty())
+        fitChart();
 }
 
 bool SpectrumChartView::viewportEvent(QEvent* event)
 {
-    if (event->type() == QEvent::Paint && !fitted)
+    if (event->type() == QEvent::Paint)
         fitChart();
     return QChartView::viewportEvent(event);
 }
 
 void SpectrumChartView::fitChart()
 {
+    if (fitted)
+        return;
     fitted = true;
     if (!chart()->isVisible()) {
         chart()->show();

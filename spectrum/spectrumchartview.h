@@ -20,6 +20,10 @@ class SpectrumChartView : public QChartView
 public:
     explicit SpectrumChartView(QWidget* parent = nullptr);
 
+    /// Fits the chart to the view now. A view that is about to be seen for the first time is then
+    /// painted once, and not once more for the fitting.
+    void fitChart();
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -28,7 +32,6 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
-    void fitChart();
     void showValue(QPointF value);
     void positionHoverLabel();
 

@@ -66,6 +66,11 @@ SpectrumModel* SpectrumWindow::model() const
     return spectrumModel;
 }
 
+void SpectrumWindow::fitChart()
+{
+    ui->chartSpectrum->fitChart();
+}
+
 void SpectrumWindow::fillMappingTable()
 {
     constexpr auto html = "cleanedHtml";

@@ -37,6 +37,9 @@ public:
     /// The dataset; owned by the window.
     [[nodiscard]] SpectrumModel* model() const;
 
+    /// Lays out the chart before the window is painted for the first time.
+    void fitChart();
+
 public Q_SLOTS:
     void onSpectrumTypeChanged(int index);
     void updateWindowTitle();
