@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "app/mainwindow.h"
+
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+class QChartView;
+class QMdiArea;
+class QPointF;
+
+namespace Windows {
+
+/// Lets everything pending happen: layout, painting and the end of closed windows.
+void settle();
+
+/// The only descendant of that type and name; ends the program when there is none.
+template <typename T>
+T* child(const QObject& parent, const char* name)
+{
+    auto* found = parent.findChild<T*>(QString::fromLatin1(name));
+    if (found == nullptr)
+        qFatal("no %s in the window", name);
+    return found;
+}
+
+/// Makes sure that what is measured really shows a chart.
+class ChartWatch : public QObject
+{
+    Q_OBJECT
+
+public:
+    ChartWatch();
+
+    /// Like settle(); ends the program when no chart has been painted since the last time.
+    void settleAndPaint();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool painted = false;
+};
+
+/// A shown editor whose settings are its own.
+class Editor
+{
+public:
+    Editor();
+
+    void load(const QString& path);
+
+    /// Adds windows for empty datasets.
+    void addEmptySpectra(int count);
+    void deleteSpectra(int count);
+
+    MainWindow window;
+    ChartWatch charts;
+
+private:
+    QTemporaryDir settings;
+};
+
+/// Replaces the only series of the chart and then the ranges of both axes.
+void showInChart(const QChartView& view, const QList<QPointF>& points);
+
+/// The same kinds of widgets as a spectrum window, without a line of the editor's code, filled with
+/// the same data: what Qt alone takes.
+class BareWindows
+{
+public:
+    BareWindows();
+    ~BareWindows();
+    Q_DISABLE_COPY_MOVE(BareWindows)
+
+    /// Opens one window for each dataset of the entry.
+    void open(const QJsonObject& entry);
+    void closeAll();
+
+    ChartWatch charts;
+
+private:
+    QMainWindow window;
+    QMdiArea* area;
+};
+
+} // namespace Windows
