@@ -32,8 +32,8 @@ std::optional<std::uint64_t> nearestMultiple(double magnitude, int decimals)
 void appendMultiple(QString& text, bool negative, std::uint64_t multiple, int decimals)
 {
     std::array<char16_t, 24> buffer{}; // sign, 20 digits of 64 bits, dot
-    const auto end = buffer.end();
-    auto first = end;
+    const char16_t* const end = buffer.data() + buffer.size();
+    char16_t* first = buffer.data() + buffer.size();
     const auto prepend = [&first](char16_t c) { *--first = c; };
     const auto prependDigit = [&] {
         prepend(static_cast<char16_t>(u'0' + multiple % 10));

@@ -1,21 +1,60 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "tools/tour/manualpictures.h"
 #include "tools/tour/tour.h"
 
 #include <QApplication>
+#include <QFont>
+#include <QStyle>
 #include <QTextStream>
+#include <QTimer>
 
+#include <chrono>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+int conclude(bool succeeded, const QStringList& account)
+{
+    QTextStream(stdout) << account.join(QLatin1Char('\n')) << Qt::endl;
+    return succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+/// The looks of the pictures are the same on every desktop.
+void fixLooks()
+{
+    constexpr int fontSize = 9;
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), fontSize));
+    QApplication::setCursorFlashTime(0);
+}
+
+} // namespace
+
+/// korvela-tour [folder]: takes the tour; pictures and saved entries go to the folder.
+/// korvela-tour --manual folder: takes the pictures of the manual.
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    const QString output = arguments.size() > 1
-                               ? arguments.at(1)
-                               : QDir::temp().filePath(QStringLiteral("korvela-tour"));
+    // A dialog that nobody expected would stay open for ever.
+    QTimer::singleShot(5min, &application, [] { qFatal("The tour has come to a halt"); });
+    const QDir examples(QStringLiteral(KORVELA_EXAMPLES_FOLDER));
+    const QStringList arguments = QApplication::arguments().mid(1);
 
-    Tour tour(QDir(QStringLiteral(KORVELA_EXAMPLES_FOLDER)), QDir(output));
+    if (arguments.size() == 2 && arguments.constFirst() == QLatin1String("--manual")) {
+        fixLooks();
+        ManualPictures pictures(examples, QDir(arguments.constLast()));
+        const bool succeeded = pictures.take();
+        return conclude(succeeded, pictures.account());
+    }
+
+    const QString output = arguments.isEmpty()
+                               ? QDir::temp().filePath(QStringLiteral("korvela-tour"))
+                               : arguments.constFirst();
+    Tour tour(examples, QDir(output));
     const bool succeeded = tour.run();
-    QTextStream(stdout) << tour.account().join(QLatin1Char('\n')) << Qt::endl;
-    return succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
+    return conclude(succeeded, tour.account());
 }

@@ -1,0 +1,395 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tools/tour/manualpictures.h"
+
+#include "species/fileorder.h"
+#include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumwindow.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
+
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Where the mouse does something, in the chart: as parts of the plot area's width and height.
+QPoint inPlotArea(const QChartView& view, double right, double down)
+{
+    const QRectF area = view.chart()->plotArea();
+    return QPointF(area.left() + right * area.width(), area.top() + down * area.height()).toPoint();
+}
+
+void sendMouse(const QChartView& view, QEvent::Type type, QPoint position, Qt::MouseButton button,
+               Qt::MouseButtons pressed)
+{
+    QMouseEvent event(type, position, view.mapToGlobal(position), button, pressed, Qt::NoModifier);
+    QApplication::sendEvent(view.viewport(), &event);
+}
+
+/// Points as an instrument with steps of 0.2 meV writes them: a band, and on its side a resonance
+/// narrower than the grid of the button "Sparse".
+QString finePoints()
+{
+    constexpr int count = 351;
+    const auto peak = [](double energy, double centre, double width) {
+        return std::exp(-4 * std::numbers::ln2 * std::pow((energy - centre) / width, 2));
+    };
+    QString text;
+    for (int i = 0; i < count; ++i) {
+        const double energy = 12.0 + i * 0.0002;
+        const double intensity =
+            400 * peak(energy, 12.03, 0.025) + 700 * peak(energy, 12.0505, 0.0004);
+        text += QString::number(energy, 'f', 4) + QLatin1Char('\t') +
+                QString::number(intensity, 'f', 1) + QLatin1Char('\n');
+    }
+    return text;
+}
+
+} // namespace
+
+ManualPictures::ManualPictures(const QDir& examples, const QDir& output)
+    : examplesFolder(examples)
+    , outputFolder(output)
+{
+    outputFolder.mkpath(QStringLiteral("."));
+}
+
+QStringList ManualPictures::account() const
+{
+    return told;
+}
+
+bool ManualPictures::take()
+{
+    takeEntry();
+    takeFirstEntry();
+    takeSaveQuestion();
+    takeRaisedText();
+    takePointCommands();
+    takeThinning();
+    takeSticks();
+    takeZoom();
+    takeTypes();
+    takeStructure();
+    takeExchange();
+    takeDatabase();
+    return complete;
+}
+
+void ManualPictures::takeEntry()
+{
+    open(QStringLiteral("entry1-nitric-oxide.json"));
+    visitor->activateSpectrum(1);
+    saveWindow(QStringLiteral("entry"));
+    saveWindow(QStringLiteral("tool-bar"), QRect(0, 0, 150, widget("toolBar").geometry().bottom()));
+}
+
+void ManualPictures::takeFirstEntry()
+{
+    start();
+    fillSpecies();
+    saveWindow(QStringLiteral("first-entry-species"),
+               around({"label", "lineEditSpecies", "lineEditVIEComment"}));
+    addSpectrum();
+    fillSpectrum();
+    pastePoints(QStringLiteral("12,60\t10\n12,62\t40\n12,64\t20\n"));
+    click("buttonCommaToDot");
+    waitForPoints();
+    click("buttonNormalize");
+    saveWindow(QStringLiteral("first-entry"));
+}
+
+void ManualPictures::takeSaveQuestion()
+{
+    open(QStringLiteral("entry10-water.json"));
+    typeInto("lineEditVIE", QStringLiteral("12.6"));
+    visitor->leaveFields();
+    visitor->whenOneOpens([this](QWidget& box) {
+        save(box.grab(), QStringLiteral("save-question"));
+        box.close();
+    });
+    visitor->window().close();
+}
+
+void ManualPictures::takeRaisedText()
+{
+    start();
+    typeInto("lineEditSpecies", QStringLiteral("water"));
+    typeInto("lineEditSumFormula", QStringLiteral("H2O"));
+    const QRect area = around({"menubar", "lineEditSumFormula"}) &
+                       QRect(QPoint(), around({"speciesDock"}).bottomRight());
+    Visitor::selectCharacter(widget("lineEditSumFormula"), 1);
+    saveWindow(QStringLiteral("digit-selected"), area);
+    visitor->trigger("actionSubscript");
+    visitor->leaveFields();
+    saveWindow(QStringLiteral("digit-lowered"), area);
+}
+
+void ManualPictures::takePointCommands()
+{
+    start();
+    addSpectrum();
+    pastePoints(QStringLiteral("hv / eV\tcounts\n"
+                               "9,20\t12\n9,21\t57\n9,22\t211\n9,23\t486\n9,24\t702\n"
+                               "9,25\t640\n9,26\t371\n9,27\t140\n9,28\t38\n9,29\t9"));
+    waitForPoints();
+    saveWindow(QStringLiteral("points-pasted"), aroundPoints());
+    click("buttonCommaToDot");
+    waitForPoints();
+    saveWindow(QStringLiteral("points-with-dots"), aroundPoints());
+    click("buttonNormalize");
+    saveWindow(QStringLiteral("points-normalized"), aroundPoints());
+}
+
+void ManualPictures::takeThinning()
+{
+    start();
+    addSpectrum();
+    pastePoints(finePoints());
+    waitForPoints();
+    saveWindow(QStringLiteral("sparse-before"), aroundPoints());
+    click("buttonSparse");
+    saveWindow(QStringLiteral("sparse-after"), aroundPoints());
+}
+
+void ManualPictures::takeSticks()
+{
+    open(QStringLiteral("entry3-oxygen.json"));
+    saveWindow(QStringLiteral("line-spectrum"), aroundPoints());
+}
+
+void ManualPictures::takeZoom()
+{
+    open(QStringLiteral("entry3-oxygen.json"));
+    visitor->activateSpectrum(1);
+    const auto& chart = Visitor::child<QChartView>(visitor->activeSpectrum(), "chartSpectrum");
+    const QPoint from = inPlotArea(chart, 0.17, 0.02);
+    const QPoint to = inPlotArea(chart, 0.42, 0.96);
+    sendMouse(chart, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+    sendMouse(chart, QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
+    saveWindow(QStringLiteral("zoom-dragging"), around({"chartSpectrum"}));
+    sendMouse(chart, QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
+    sendMouse(chart, QEvent::MouseMove, inPlotArea(chart, 0.5, 0.3), Qt::NoButton, Qt::NoButton);
+    saveWindow(QStringLiteral("zoom-done"), around({"chartSpectrum"}));
+}
+
+void ManualPictures::takeTypes()
+{
+    start();
+    addSpectrum();
+    auto& types = Visitor::child<QComboBox>(visitor->activeSpectrum(), "comboBoxType");
+    const QRect area =
+        around({"label_2", "lineEditTitle", "textEditCitations", "textEditComments"});
+    types.setCurrentIndex(SpectrumModel::FcSimulation);
+    saveWindow(QStringLiteral("type-simulation"), area);
+    types.setCurrentIndex(0);
+    saveWindow(QStringLiteral("type-measurement"), area);
+}
+
+void ManualPictures::takeStructure()
+{
+    open(QStringLiteral("entry11-benzene.json"));
+    QWidget& image = widget("imageLabel");
+    visitor->whenOneOpens([this](QWidget& menu) {
+        const QRect area = around({"imageLabel"});
+        saveWindow(QStringLiteral("structure-menu"), area.adjusted(0, 0, menu.width() / 2, 0));
+        menu.close();
+    });
+    const QPoint position(image.width() * 2 / 3, image.height() / 3);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, position, image.mapToGlobal(position));
+    QApplication::sendEvent(&image, &event);
+}
+
+void ManualPictures::takeExchange()
+{
+    open(QStringLiteral("entry1-nitric-oxide.json"));
+    visitor->trigger("actionCopy");
+    open(QStringLiteral("entry3-oxygen.json"));
+    auto& menuBar = Visitor::child<QMenuBar>(visitor->window(), "menubar");
+    auto& menu = Visitor::child<QMenu>(visitor->window(), "menuSpectrum");
+    menuBar.setActiveAction(menu.menuAction());
+    saveWindow(QStringLiteral("spectrum-menu"), QRect(0, 0, 480, 200));
+    menu.close();
+    visitor->trigger("actionPaste");
+    QRect area = around({"mdiArea"});
+    area.setBottom(around({"lineEditUploader"}).bottom());
+    saveWindow(QStringLiteral("spectrum-pasted"), area);
+}
+
+void ManualPictures::takeDatabase()
+{
+    // File dialogs start in its folder from now on.
+    open(QStringLiteral("entry1-nitric-oxide.json"));
+    visitor->whenOneOpens([this](QWidget& dialog) {
+        visitor->whenOneOpens([this](QWidget& fileDialog) {
+            const QStringList entries =
+                inSteppingOrder(examplesFolder.entryList({QStringLiteral("*.json")}, QDir::Files));
+            const QString names =
+                QLatin1Char('"') + entries.join(QLatin1String("\" \"")) + QLatin1Char('"');
+            Visitor::chooseFiles(fileDialog, names);
+        });
+        Visitor::child<QAbstractButton>(dialog, "pushButton_2").click();
+        visitor->whenOneOpens([this](QWidget& fileDialog) {
+            Visitor::chooseFiles(fileDialog,
+                                 outputFolder.filePath(QStringLiteral("database.json")));
+        });
+        Visitor::child<QAbstractButton>(dialog, "pushButton").click();
+        dialog.resize(dialog.width(), dialog.height() * 2 / 3); // the list is short
+        save(dialog.grab(), QStringLiteral("create-database"));
+        dialog.close();
+    });
+    visitor->window().createSpeciesDatabase();
+}
+
+void ManualPictures::start()
+{
+    visitor.reset(); // one person at a time
+    visitor = std::make_unique<Visitor>();
+}
+
+void ManualPictures::open(const QString& example)
+{
+    start();
+    complete = visitor->open(examplesFolder.filePath(example)) && complete;
+}
+
+void ManualPictures::typeInto(const char* field, const QString& text)
+{
+    Visitor::typeInto(widget(field), text);
+}
+
+void ManualPictures::fillSpecies()
+{
+    typeInto("lineEditSpecies", QStringLiteral("water"));
+    typeInto("textEditAliases", QStringLiteral("oxidane\ndihydrogen oxide"));
+    typeInto("lineEditMass", QStringLiteral("18.0106"));
+    typeInto("lineEditSumFormula", QStringLiteral("H2O"));
+    Visitor::selectCharacter(widget("lineEditSumFormula"), 1);
+    visitor->trigger("actionSubscript");
+    typeInto("lineEditInChI", QStringLiteral("InChI=1S/H2O/h1H2"));
+    typeInto("lineEditCAS", QStringLiteral("7732-18-5"));
+    typeInto("lineEditCID", QStringLiteral("962"));
+    typeInto("lineEditAIE", QStringLiteral("12.6223(3)"));
+    typeInto("lineEditAIEComment", QStringLiteral("X 2B1 of H2O+"));
+    Visitor::selectCharacter(widget("lineEditAIEComment"), 2);
+    visitor->trigger("actionSuperscript");
+    typeInto("lineEditVIE", QStringLiteral("12.62"));
+    typeInto("lineEditVIEComment", QStringLiteral("10.1000/182"));
+    visitor->leaveFields();
+}
+
+void ManualPictures::addSpectrum()
+{
+    visitor->trigger("actionNew");
+    SpectrumModel* model = visitor->activeSpectrum().model();
+    // Not today, so that the pictures stay the same.
+    model->setData(model->index(0, SpectrumModel::CreatedDate), QStringLiteral("2026-01-15"));
+}
+
+void ManualPictures::fillSpectrum()
+{
+    typeInto("lineEditTitle", QStringLiteral("Threshold photoelectron spectrum"));
+    typeInto("lineEditUploader", QStringLiteral("A. Person"));
+    typeInto("lineEditSpectDOI", QStringLiteral("10.1000/183"));
+    auto& types = Visitor::child<QComboBox>(visitor->activeSpectrum(), "comboBoxType");
+    types.setFocus();
+    types.setCurrentText(QStringLiteral("TPES"));
+    typeInto("textEditCitations", QStringLiteral("Own measurement"));
+    typeInto("lineEditSource", QStringLiteral("molecular beam"));
+    typeInto("lineEditSourceT", QStringLiteral("300"));
+    typeInto("lineEditResolution", QStringLiteral("5"));
+    typeInto("lineEditFlux", QStringLiteral("photodiode"));
+    typeInto("lineEditFacilityDate", QStringLiteral("2026, at home"));
+    typeInto("textEditComments", QStringLiteral("none"));
+}
+
+void ManualPictures::pastePoints(const QString& text)
+{
+    QGuiApplication::clipboard()->setText(text);
+    auto& points = Visitor::child<QPlainTextEdit>(visitor->activeSpectrum(), "textEditSpect");
+    points.setFocus();
+    points.paste();
+    points.moveCursor(QTextCursor::Start);
+}
+
+void ManualPictures::click(const char* button)
+{
+    Visitor::child<QAbstractButton>(visitor->activeSpectrum(), button).click();
+}
+
+void ManualPictures::waitForPoints()
+{
+    QEventLoop loop;
+    bool taken = false;
+    QObject::connect(visitor->activeSpectrum().model(), &SpectrumModel::spectrumDataChanged, &loop,
+                     [&loop, &taken] {
+                         taken = true;
+                         loop.quit();
+                     });
+    QTimer::singleShot(1min, &loop, &QEventLoop::quit);
+    loop.exec();
+    complete = taken && complete;
+}
+
+QWidget& ManualPictures::widget(const char* name) const
+{
+    // Every spectrum has widgets of the same names.
+    if (!visitor->spectra().isEmpty()) {
+        auto* found = visitor->activeSpectrum().findChild<QWidget*>(QString::fromLatin1(name));
+        if (found != nullptr)
+            return *found;
+    }
+    return Visitor::child<QWidget>(visitor->window(), name);
+}
+
+QRect ManualPictures::around(std::initializer_list<const char*> names) const
+{
+    constexpr int margin = 4;
+    QRect area;
+    for (const char* name : names) {
+        const QWidget& shown = widget(name);
+        area |= QRect(shown.mapTo(&visitor->window(), QPoint()), shown.size());
+    }
+    return area.adjusted(-margin, -margin, margin, margin) & visitor->window().rect();
+}
+
+QRect ManualPictures::aroundPoints() const
+{
+    return around({"label_14", "checkBoxLineSpectrum", "textEditSpect", "chartSpectrum"});
+}
+
+void ManualPictures::save(const QPixmap& picture, const QString& name)
+{
+    const QString fileName = name + QLatin1String(".png");
+    const bool saved = picture.save(outputFolder.filePath(fileName));
+    told += saved ? fileName : QStringLiteral("Cannot write %1").arg(fileName);
+    complete = saved && complete;
+}
+
+void ManualPictures::saveWindow(const QString& name, const QRect& area)
+{
+    Visitor::letEventsPass(300ms);
+    MainWindow& window = visitor->window();
+    QPixmap picture = window.grab();
+    if (QWidget* menu = QApplication::activePopupWidget()) {
+        QPainter painter(&picture);
+        painter.drawPixmap(window.mapFromGlobal(menu->pos()), menu->grab());
+    }
+    save(area.isNull() ? picture : picture.copy(area), name);
+}
