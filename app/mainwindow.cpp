@@ -7,6 +7,7 @@
 #include "species/speciesmodel.h"
 #include "support/plainmessageboxes.h"
 #include "ui_mainwindow.h"
+#include "widgets/darktext.h"
 
 #include <QDataWidgetMapper>
 #include <QNetworkAccessManager>
@@ -51,6 +52,11 @@ QString MainWindow::jsonFileFilter()
 
 void MainWindow::fitForm()
 {
+    setDarkText(*ui->speciesDock);
+    const QList<QWidget*> formWidgets = ui->speciesDock->findChildren<QWidget*>();
+    for (QWidget* widget : formWidgets)
+        setDarkText(*widget);
+
     // The form needs a third of the width, the spectra the rest; size hints alone would halve it.
     resizeDocks({ui->speciesDock}, {width() / 3}, Qt::Horizontal);
     ui->verticalLayout->setAlignment(ui->formLayout, Qt::AlignTop);

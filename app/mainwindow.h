@@ -4,6 +4,7 @@
 #pragma once
 
 #include "spectrum/modifiabledocument.h"
+#include "support/jsonfile.h"
 
 #include <QMainWindow>
 #include <QStringList>
@@ -14,7 +15,6 @@
 class CreateDatabase;
 class QDataWidgetMapper;
 class QDir;
-class QJsonObject;
 class QNetworkAccessManager;
 class QNetworkReply;
 class SpeciesModel;
@@ -89,6 +89,7 @@ private:
     void showSpecies(const QJsonObject& file);
     /// Writes the document to the current file.
     void saveSpeciesFile();
+    [[nodiscard]] JsonFile::WriteResult writeSpeciesFile() const;
     [[nodiscard]] static QString jsonFileFilter();
 
     // Folder stepping
@@ -108,6 +109,7 @@ private:
     void saveSpectrum();
 
     // Structure image
+    void showWhetherDownloading();
     void setStructureImage(const QVariant& image);
     void showImage();
     void showImageMenu(const QPoint& position);

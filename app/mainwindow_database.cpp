@@ -32,11 +32,11 @@ void showFirstUnusable(QWidget* messageParent, const QStringList& speciesFiles)
         if (isUsable(file))
             continue;
         if (file.opened) {
-            Messages::critical(messageParent, QStringLiteral("Error"),
-                               QStringLiteral("Invalid species type in file: ") + path);
+            Messages::critical(messageParent, MainWindow::tr("Error"),
+                               MainWindow::tr("Invalid species type in file: ") + path);
         } else {
-            Messages::warning(messageParent, QStringLiteral("Error"),
-                              QStringLiteral("Could not open file: ") + path);
+            Messages::warning(messageParent, MainWindow::tr("Error"),
+                              MainWindow::tr("Could not open file: ") + path);
         }
         return;
     }

@@ -12,6 +12,7 @@
 #include "support/jsonfile.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
+#include "support/waitcursor.h"
 #include "ui_mainwindow.h"
 
 #include <QApplication>
@@ -21,7 +22,9 @@
 #include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMessageBox>
-#include <QScopeGuard>
+
+#include <optional>
+#include <utility>
 
 void MainWindow::setModified()
 {
@@ -59,6 +62,7 @@ void MainWindow::cleanUp()
     if (!askToSave())
         return;
 
+    const WaitCursor waiting;
     ui->mdiArea->closeAllSubWindows();
     currentFile.clear();
     for (int column = 0; column < SpeciesModel::ColumnCount; ++column)
@@ -84,7 +88,7 @@ bool MainWindow::loadSpecies(const QString& path)
         Messages::warning(this, tr("File Not Found"), tr("The file %1 does not exist.").arg(path));
         return false;
     }
-    const std::optional<QJsonObject> file = SpeciesFile::read(path);
+    const auto file = whileWaiting([&path] { return SpeciesFile::read(path); });
     if (!file) {
         Messages::warning(this, tr("Invalid Species File"),
                           tr("The file %1 is not a valid species file.").arg(path));
@@ -96,6 +100,7 @@ bool MainWindow::loadSpecies(const QString& path)
 
 void MainWindow::replaceDocument(const QString& path, const QJsonObject& file)
 {
+    const WaitCursor waiting;
     isModified = false;
     cleanUp();
     showSpecies(file);
@@ -126,7 +131,7 @@ void MainWindow::saveSpeciesAs()
 
 bool MainWindow::loadSpeciesFile(const QString& path)
 {
-    const JsonFile::ReadResult file = JsonFile::read(path);
+    const JsonFile::ReadResult file = whileWaiting([&path] { return JsonFile::read(path); });
     if (!file.opened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
         return false;
@@ -141,8 +146,7 @@ bool MainWindow::loadSpeciesFile(const QString& path)
 
 void MainWindow::showSpecies(const QJsonObject& file)
 {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    const WaitCursor waiting;
     speciesModel->fromJson(SpeciesFile::species(file));
     const QList<QJsonObject> datasets = SpeciesFile::datasets(file);
     ui->mdiArea->setUpdatesEnabled(false);
@@ -162,9 +166,22 @@ void MainWindow::showSpecies(const QJsonObject& file)
     if (SpectrumWindow* spectrum = activeSpectrum())
         spectrum->fitChart();
     ui->mdiArea->setUpdatesEnabled(true);
+    if (SpectrumWindow* spectrum = activeSpectrum())
+        spectrum->setFocus();
 }
 
 void MainWindow::saveSpeciesFile()
+{
+    std::optional<WaitCursor> waiting(std::in_place);
+    if (writeSpeciesFile() == JsonFile::WriteResult::NotOpened) {
+        waiting.reset();
+        Messages::warning(this, tr("Error"), tr("Could not open file for writing."));
+        return;
+    }
+    setModified(false);
+}
+
+JsonFile::WriteResult MainWindow::writeSpeciesFile() const
 {
     QList<QJsonObject> datasets;
     const QList<QMdiSubWindow*> subWindows = ui->mdiArea->subWindowList(QMdiArea::CreationOrder);
@@ -174,12 +191,7 @@ void MainWindow::saveSpeciesFile()
     }
 
     const QJsonObject content = SpeciesFile::assemble(speciesModel->toJson(), datasets);
-    if (JsonFile::write(currentFile, content, QJsonDocument::Indented) ==
-        JsonFile::WriteResult::NotOpened) {
-        Messages::warning(this, tr("Error"), tr("Could not open file for writing."));
-        return;
-    }
-    setModified(false);
+    return JsonFile::write(currentFile, content, QJsonDocument::Indented);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

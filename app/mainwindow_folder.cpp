@@ -8,13 +8,12 @@
 #include "species/speciesfile.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
+#include "support/waitcursor.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QJsonObject>
-
-#include <optional>
 
 void MainWindow::selectSpeciesFolder()
 {
@@ -84,7 +83,7 @@ bool MainWindow::loadFirstSpeciesFile(const QDir& folder, const QStringList& fil
 {
     for (const QString& fileName : fileNames) {
         const QString path = folder.absoluteFilePath(fileName);
-        if (const std::optional<QJsonObject> file = SpeciesFile::read(path))
+        if (const auto file = whileWaiting([&path] { return SpeciesFile::read(path); }))
             return stepTo(path, *file);
     }
     Messages::information(this, tr("No Species Files"),
@@ -102,7 +101,7 @@ bool MainWindow::loadNeighbour(const QDir& folder, const QStringList& fileNames,
     };
     for (qsizetype index = neighbour(start); index != start; index = neighbour(index)) {
         const QString path = folder.absoluteFilePath(fileNames.at(index));
-        if (const std::optional<QJsonObject> file = SpeciesFile::read(path))
+        if (const auto file = whileWaiting([&path] { return SpeciesFile::read(path); }))
             return stepTo(path, *file);
     }
     Messages::information(this, tr("No Other Species Files"),

@@ -10,6 +10,7 @@
 #include "support/jsonfile.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
+#include "support/waitcursor.h"
 #include "ui_mainwindow.h"
 
 #include <QClipboard>
@@ -22,6 +23,8 @@ void MainWindow::addSpectrumWindow(SpectrumWindow* window)
 {
     QMdiSubWindow* subWindow = ui->mdiArea->addSubWindow(window);
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
+    // As a stop of the Tab key it would catch every Shift+Tab of the form.
+    subWindow->setFocusPolicy(Qt::ClickFocus);
     window->show();
     setModified(true);
 }
@@ -53,6 +56,7 @@ void MainWindow::copySpectrum()
         Messages::warning(this, tr("Error"), tr("No spectrum window is selected."));
         return;
     }
+    const WaitCursor waiting;
     const QJsonDocument document(SpectrumContainer::wrap(spectrum->model()->toJson()));
     QGuiApplication::clipboard()->setText(
         QString::fromUtf8(document.toJson(QJsonDocument::Compact)));
@@ -61,7 +65,7 @@ void MainWindow::copySpectrum()
 void MainWindow::pasteSpectrum()
 {
     const QByteArray text = QGuiApplication::clipboard()->text().toUtf8();
-    const QJsonDocument document = QJsonDocument::fromJson(text);
+    const auto document = whileWaiting([&text] { return QJsonDocument::fromJson(text); });
     if (!document.isObject()) {
         Messages::warning(this, tr("Error"), tr("Clipboard does not contain a valid spectrum."));
         return;
@@ -70,6 +74,7 @@ void MainWindow::pasteSpectrum()
         Messages::critical(this, tr("Error"), tr("Format error, cannot paste."));
         return;
     }
+    const WaitCursor waiting;
     addSpectrumWindow(new SpectrumWindow(document.object(), this));
 }
 
@@ -78,7 +83,7 @@ void MainWindow::openSpectrum()
     // A cancelled dialog answers with an empty path, which goes on to the message on purpose.
     const QString path = QFileDialog::getOpenFileName(this, tr("Open Spectrum JSON File"),
                                                       LastOpenFolder::path(), jsonFileFilter());
-    const JsonFile::ReadResult file = JsonFile::read(path);
+    const JsonFile::ReadResult file = whileWaiting([&path] { return JsonFile::read(path); });
     if (!file.opened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
         return;
@@ -87,6 +92,7 @@ void MainWindow::openSpectrum()
         Messages::critical(this, tr("Error"), tr("Spectrum not found in JSON file. Load aborted."));
         return;
     }
+    const WaitCursor waiting;
     addSpectrumWindow(new SpectrumWindow(file.object, this));
     LastOpenFolder::rememberFolderOf(path);
 }
@@ -102,9 +108,11 @@ void MainWindow::saveSpectrum()
                                                       LastOpenFolder::path(), jsonFileFilter());
     if (path.isEmpty() || spectrum.isNull())
         return;
-    const QJsonObject container = SpectrumContainer::wrap(spectrum->model()->toJson());
-    if (JsonFile::write(path, container, QJsonDocument::Indented) ==
-        JsonFile::WriteResult::NotOpened) {
+    const auto written = whileWaiting([&spectrum, &path] {
+        return JsonFile::write(path, SpectrumContainer::wrap(spectrum->model()->toJson()),
+                               QJsonDocument::Indented);
+    });
+    if (written == JsonFile::WriteResult::NotOpened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for writing"));
         return;
     }

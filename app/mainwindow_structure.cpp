@@ -17,6 +17,9 @@
 #include <QNetworkReply>
 #include <QScopeGuard>
 
+#include <algorithm>
+#include <functional>
+
 namespace {
 
 /// No structure drawing is that large; an answer that never ends would fill the memory.
@@ -38,11 +41,13 @@ void MainWindow::onButtonDownloadClicked()
         if (received > mostBytes)
             reply->abort();
     });
+    showWhetherDownloading();
 }
 
 void MainWindow::onImageDownloaded(QNetworkReply* reply)
 {
     const auto release = qScopeGuard([reply] { reply->deleteLater(); });
+    showWhetherDownloading();
     // The end can come before the next report of progress, so the size is looked at once more.
     if (reply->error() != QNetworkReply::NoError || reply->bytesAvailable() > mostBytes) {
         Messages::critical(this, tr("Download Failed"), tr("Failed to download the image."));
@@ -55,6 +60,15 @@ void MainWindow::onImageDownloaded(QNetworkReply* reply)
         return;
     }
     setStructureImage(QVariant::fromValue(picture.toImage()));
+}
+
+void MainWindow::showWhetherDownloading()
+{
+    const QList<QNetworkReply*> replies = networkManager->findChildren<QNetworkReply*>();
+    if (std::any_of(replies.begin(), replies.end(), std::mem_fn(&QNetworkReply::isRunning)))
+        ui->buttonDownload->setCursor(Qt::BusyCursor);
+    else
+        ui->buttonDownload->unsetCursor();
 }
 
 void MainWindow::setStructureImage(const QVariant& image)
@@ -70,8 +84,12 @@ void MainWindow::showImage()
         ui->imageLabel->clear();
         return;
     }
-    ui->imageLabel->setPixmap(QPixmap::fromImage(image).scaled(
-        ui->imageLabel->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    // As many pixels as the screen has there: a label doubles smaller pictures, which blurs them.
+    const double pixelRatio = ui->imageLabel->devicePixelRatioF();
+    QPixmap picture = QPixmap::fromImage(image).scaled(
+        ui->imageLabel->size() * pixelRatio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(pixelRatio);
+    ui->imageLabel->setPixmap(picture);
 }
 
 void MainWindow::showImageMenu(const QPoint& position)

@@ -200,7 +200,7 @@ def parsing(size, must, aim):
             "pandas `read_csv`": python("read-csv", size),
             "numpy `loadtxt`": python("loadtxt", size),
             "bare `from_chars` loop": ours("parse-by-from-chars", size),
-            "stated way": ours("parse-by-expression", size),
+            "plain way": ours("parse-by-expression", size),
             "the same, as after typing": ours("parse-typed", size),
             "copying the text": ours("copy-text", size),
         },
@@ -208,7 +208,7 @@ def parsing(size, must, aim):
             Line(work, "pandas `read_csv`", must, aim, limit="copying the text"),
             Line(work, "numpy `loadtxt`", must, aim),
             Line(work, "bare `from_chars` loop", 1.3, 0.8),
-            Line(work, "stated way", 1 / 20, 1 / 50),
+            Line(work, "plain way", 1 / 20, 1 / 50),
             Line("the same, as after typing", "bare `from_chars` loop", side="the same, as after typing"),
         ])
 
@@ -283,8 +283,8 @@ GROUPS = {
     "resample-1000000": lambda: resampling(1_000_000),
     "resample-wide": lambda: resampling(1_000_000, "-wide"),
     "interpolate": lambda: Group(
-        sides={"ours": ours("resample", 20_000), "stated scan": ours("resample-by-scan", 20_000)},
-        lines=[Line("interpolate 20,000 points over 10 eV", "stated scan", 1 / 100)]),
+        sides={"ours": ours("resample", 20_000), "plain scan": ours("resample-by-scan", 20_000)},
+        lines=[Line("interpolate 20,000 points over 10 eV", "plain scan", 1 / 100)]),
     "normalize-10000": lambda: command("normalise", "normalize", 10_000),
     "normalize-100000": lambda: command("normalise", "normalize", 100_000),
     "sparse-10000": lambda: command("make sparser", "sparse", 10_000),

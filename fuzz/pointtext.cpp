@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The quick ways through point text agree with the stated ones on every input.
+// The quick ways through point text agree with the plain ones on every input.
 
 #include "spectrum/pointtext.h"
 

@@ -3,6 +3,8 @@
 
 #include "spectrum/spectrumchartview.h"
 
+#include "widgets/darktext.h"
+
 #include <QLabel>
 #include <QMouseEvent>
 #include <QtCharts/QAbstractAxis>
@@ -20,6 +22,7 @@ SpectrumChartView::SpectrumChartView(QWidget* parent)
 
     hoverLabel->setStyleSheet(
         QStringLiteral("background-color: rgba(255, 255, 255, 150); padding: 2px;"));
+    setDarkText(*hoverLabel);
     hoverLabel->setAlignment(Qt::AlignCenter);
     hoverLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
     hoverLabel->show();
@@ -27,6 +30,7 @@ SpectrumChartView::SpectrumChartView(QWidget* parent)
 
 void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 {
+    fitChart();
     // Qt Charts 6.4 takes for granted that an item lies under every press and crashes beside the
     // chart.
     if (itemAt(event->position().toPoint()) == nullptr) {
@@ -64,7 +68,8 @@ void SpectrumChartView::resizeEvent(QResizeEvent* event)
 
 bool SpectrumChartView::viewportEvent(QEvent* event)
 {
-    if (event->type() == QEvent::Paint)
+    const bool isShown = event->type() == QEvent::Show && updatesEnabled();
+    if (isShown || event->type() == QEvent::Paint)
         fitChart();
     return QChartView::viewportEvent(event);
 }

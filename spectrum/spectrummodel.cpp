@@ -6,6 +6,7 @@
 #include "spectrum/pointtext.h"
 #include "spectrum/spectrumpoints.h"
 #include "support/messages.h"
+#include "support/waitcursor.h"
 #include "widgets/cleanedhtml.h"
 
 #include <QJsonArray>
@@ -181,6 +182,7 @@ void SpectrumModel::readPointArrays(const QJsonObject& record)
 
 void SpectrumModel::normalizeSpectrum()
 {
+    const WaitCursor waiting;
     if (const auto scaled = SpectrumPoints::normalized(points()))
         replacePoints(PointText::normalizedText(*scaled));
 }
@@ -192,6 +194,7 @@ void SpectrumModel::makePointsSparser()
                           QStringLiteral("Cannot resample line spectra"));
         return;
     }
+    const WaitCursor waiting;
     if (const auto resampled = SpectrumPoints::resampled(points()))
         replacePoints(PointText::resampledText(*resampled));
 }
@@ -205,6 +208,7 @@ void SpectrumModel::replacePoints(const QString& lines)
 
 void SpectrumModel::emitSpectrumDataChanged()
 {
+    const WaitCursor waiting;
     if (!writingPointText && pointText != nullptr)
         pointLines = PointText::withoutEmptyLines(pointText->document()->toPlainText());
     Q_EMIT spectrumDataChanged();

@@ -6,6 +6,7 @@
 #include "spectrum/modifiabledocument.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumpoints.h"
+#include "support/waitcursor.h"
 #include "ui_spectrumwindow.h"
 
 #include <QCloseEvent>
@@ -19,6 +20,14 @@
 #include <utility>
 
 namespace {
+
+/// The child of the multiple-document area in which the widget is, if it is in one.
+const QWidget* subWindowOf(const QWidget* widget)
+{
+    while (widget != nullptr && widget->windowType() != Qt::SubWindow)
+        widget = widget->parentWidget();
+    return widget;
+}
 
 void setDocumentModified(QObject* owner)
 {
@@ -37,6 +46,7 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     , documentOwner(parent)
 {
     ui->setupUi(this);
+    setFocusProxy(ui->lineEditTitle);
     fillMappingTable();
 
     spectrumModel = new SpectrumModel(this, ui->textEditSpect);
@@ -203,6 +213,7 @@ void SpectrumWindow::updateWindowTitle()
 
 void SpectrumWindow::onButtonCommaToDotClicked()
 {
+    const WaitCursor waiting;
     QString text = ui->textEditSpect->document()->toPlainText();
     ui->textEditSpect->setPlainText(text.replace(QLatin1Char(','), QLatin1Char('.')));
 }
@@ -247,6 +258,30 @@ void SpectrumWindow::updateChart()
     const bool asSticks = spectrumModel->data(lineSpectrum, Qt::DisplayRole).toBool();
     series->replace(asSticks ? SpectrumPoints::sticks(points) : points);
     chart->update();
+}
+
+// By itself the Tab key would never leave the child of a multiple-document area.
+bool SpectrumWindow::focusNextPrevChild(bool next)
+{
+    const QWidget* focus = window()->focusWidget();
+    if (focus == nullptr || !isAncestorOf(focus))
+        return QWidget::focusNextPrevChild(next);
+
+    QWidget* candidate = focus->nextInFocusChain();
+    if (!next)
+        candidate = focus->previousInFocusChain();
+    while (candidate != focus) {
+        const QWidget* subWindow = subWindowOf(candidate);
+        const bool isReachable = subWindow == nullptr || subWindow == subWindowOf(this);
+        if (isReachable && (candidate->focusPolicy() & Qt::TabFocus) == Qt::TabFocus &&
+            candidate->focusProxy() == nullptr && candidate->isVisible() &&
+            candidate->isEnabled()) {
+            candidate->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+        candidate = next ? candidate->nextInFocusChain() : candidate->previousInFocusChain();
+    }
+    return false;
 }
 
 void SpectrumWindow::closeEvent(QCloseEvent* event)

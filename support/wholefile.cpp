@@ -29,7 +29,8 @@ WholeFile::Result WholeFile::commit()
 {
     if (inPlace)
         return writeInPlace();
-    if (!complete)
+    // commit() itself does not notice when what is still buffered cannot be written.
+    if (!complete || !file.flush())
         file.cancelWriting();
     return file.commit() ? Result::Written : Result::NotWritten;
 }

@@ -32,8 +32,8 @@ QByteArray speciesWith(const QByteArray& key, const QByteArray& value)
 
 } // namespace
 
-/// Files that are not what they should be: the program lives on, says so in the stated words, and
-/// what is open stays or goes as stated.
+/// Files that are not what they should be: the program lives on, says so in its words, and
+/// what is open stays or goes as it should.
 class TestHostileFiles : public QObject
 {
     Q_OBJECT

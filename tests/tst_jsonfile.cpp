@@ -364,6 +364,53 @@ private Q_SLOTS:
         QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
     }
 
+    void fullDiskLeavesTheOldSmallFileWhole()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        {
+            const FullDisk disk(4);
+            QCOMPARE(write(path, small()), WriteResult::NotWritten);
+        }
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+    }
+
+    void smallLastPieceOnAFullDiskLeavesTheOldFileWhole()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        {
+            const FullDisk disk(70'002);
+            WholeFile file(path);
+            file.write(QByteArray(70'000, 'x'));
+            file.write("12345");
+            QCOMPARE(file.commit(), WriteResult::NotWritten);
+        }
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+    }
+
+    void pieceIsNotSeenBeforeTheWholeFileIs()
+    {
+        const Sandbox sandbox;
+        const QString folder = newFolder(sandbox);
+        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        {
+            WholeFile file(path);
+            file.write("given up");
+        }
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        WholeFile file(path);
+        file.write("ne");
+        file.write("w");
+        QCOMPARE(file.commit(), WriteResult::Written);
+        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("new"));
+    }
+
     void fullDiskLeavesNoNewFile()
     {
         const Sandbox sandbox;

@@ -281,6 +281,14 @@ private Q_SLOTS:
         QVERIFY2(isNear(seen.sliced(2), {25, 75}, 3), qPrintable(describe(seen)));
     }
 
+    void dragBeforeTheFirstPaintingZoomsToo()
+    {
+        SpectrumWindow window({{u"E"_s, QJsonArray{8, 12}}, {u"I"_s, QJsonArray{0, 100}}});
+        window.show();
+        zoomIn(*chartView(window));
+        QVERIFY2(isNear(range(window), {9, 11, 25, 75}, 0.5), qPrintable(describe(range(window))));
+    }
+
     void rightClickShowsEverythingAgain()
     {
         const Sandbox sandbox;

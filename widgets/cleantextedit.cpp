@@ -5,8 +5,11 @@
 
 #include "widgets/cleanedhtml.h"
 
+#include <QContextMenuEvent>
 #include <QImage>
+#include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextDocumentFragment>
 #include <QUrl>
 
@@ -44,6 +47,24 @@ void CleanTextEdit::setCleanedHtml(const QString& html)
 {
     prepareWrappingFor(html);
     setHtml(CleanedHtml::forHtmlReader(html));
+}
+
+void CleanTextEdit::contextMenuEvent(QContextMenuEvent* event)
+{
+    // As a child of the field the menu would get its background from the style sheets around the
+    // field, which are light, and its text from the desktop, which may be dark.
+    QWidget* outermost = this;
+    while (outermost->parentWidget() != nullptr)
+        outermost = outermost->parentWidget();
+
+    const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    QMenu* menu = createStandardContextMenu(event->pos() + scrolled);
+    if (menu == nullptr)
+        return;
+    if (outermost != this)
+        menu->setParent(outermost, menu->windowFlags());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
 }
 
 QMimeData* CleanTextEdit::createMimeDataFromSelection() const

@@ -25,6 +25,7 @@ public:
     QVariant loadResource(int type, const QUrl& name) override;
 
 protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
 

@@ -3,6 +3,8 @@
 
 #include "widgets/singlelinetextedit.h"
 
+#include "widgets/darktext.h"
+
 #include <QKeyEvent>
 #include <QMimeData>
 
@@ -16,6 +18,7 @@ SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
     setFrameStyle(0);
     setLineWrapMode(QTextEdit::NoWrap);
     setStyleSheet(QStringLiteral("background-color: white; border: 1px solid gray; padding: 2px;"));
+    setDarkText(*this);
     adjustHeight();
 }
 

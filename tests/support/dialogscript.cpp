@@ -44,6 +44,8 @@ void DialogScript::answerOpenDialog()
     if (open == nullptr || !open->isVisible())
         return;
 
+    if (QGuiApplication::overrideCursor() != nullptr)
+        complain(QStringLiteral("\"%1\" is open under the wait cursor").arg(open->windowTitle()));
     if (script.empty()) {
         const auto* box = qobject_cast<QMessageBox*>(open);
         complain(QStringLiteral("not expected: \"%1\" %2")

@@ -8,17 +8,17 @@
 #include <csignal>
 #include <sys/resource.h>
 
-/// While it lives, no file grows beyond 64 KiB: what is written behind that is cut off, as on a
-/// full disk. Unix only.
+/// While it lives, no file grows beyond a limit (bytes): what is written behind that is cut off, as
+/// on a full disk. Unix only.
 class FullDisk
 {
 public:
-    FullDisk()
+    explicit FullDisk(rlim_t mostBytes = 65536)
     {
         oldHandler = std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &oldLimit);
         rlimit limit = oldLimit;
-        limit.rlim_cur = 65536;
+        limit.rlim_cur = mostBytes;
         setrlimit(RLIMIT_FSIZE, &limit);
     }
     ~FullDisk()

@@ -311,7 +311,7 @@ void ManualPictures::fillSpectrum()
     types.setFocus();
     types.setCurrentText(QStringLiteral("TPES"));
     typeInto("textEditCitations", QStringLiteral("Own measurement"));
-    typeInto("lineEditSource", QStringLiteral("molecular beam"));
+    typeInto("lineEditSource", QStringLiteral("synchrotron"));
     typeInto("lineEditSourceT", QStringLiteral("300"));
     typeInto("lineEditResolution", QStringLiteral("5"));
     typeInto("lineEditFlux", QStringLiteral("photodiode"));
