@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMap>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
@@ -76,7 +77,7 @@ double luminance(QRgb colour)
 
 double contrast(QRgb one, QRgb other)
 {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
@@ -85,7 +86,7 @@ double contrast(QRgb one, QRgb other)
 double textContrast(const QImage& picture)
 {
     constexpr int fewestPixels = 5;
-    QHash<QRgb, int> counts;
+    QMap<QRgb, int> counts; // a hash, optimised, makes GCC 12 warn of null pointers
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
             ++counts[picture.pixel(x, y)];
