@@ -37,8 +37,9 @@ void MainWindow::onButtonDownloadClicked()
     }
     const QString digits = casNumber.remove(QLatin1Char('-'));
     QNetworkReply* reply = networkManager->get(QNetworkRequest(structureImageUrl(digits)));
-    connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received) {
-        if (received > mostBytes)
+    // Not at the reports of progress, which come ten times a second only.
+    connect(reply, &QNetworkReply::readyRead, reply, [reply] {
+        if (reply->bytesAvailable() > mostBytes)
             reply->abort();
     });
     showWhetherDownloading();

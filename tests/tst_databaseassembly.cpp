@@ -128,6 +128,13 @@ private Q_SLOTS:
                             "\"Note\":\"<i>kept</i>\",\"Species\":{\"Mass\":18}}"));
     }
 
+    void givenFileStaysAsItIs()
+    {
+        const QJsonObject file = speciesFile(18);
+        QVERIFY(!DatabaseAssembly::entry(1, file, QJsonDocument::Compact).isEmpty());
+        QCOMPARE(file.value(QStringLiteral("Type")), QJsonValue(QStringLiteral("Species v1")));
+    }
+
     void piecesMakeUpTheTextOfTheToolkit_data()
     {
         QTest::addColumn<int>("count");

@@ -120,13 +120,13 @@ void PictureHost::answer(QSslSocket& client, const QByteArray& target)
     if (target == endlessTarget) {
         constexpr int chunkSize = 1024 * 1024;
         client.write("HTTP/1.1 200 OK\r\n\r\n");
-        client.write(QByteArray(chunkSize, '0'));
+        endlessBytes = client.write(QByteArray(chunkSize, '0'));
         connect(&client, &QSslSocket::encryptedBytesWritten, &client,
-                [&client, chunksLeft = 255]() mutable {
+                [this, &client, chunksLeft = 255]() mutable {
                     if (client.encryptedBytesToWrite() >= chunkSize)
                         return;
                     if (chunksLeft-- > 0)
-                        client.write(QByteArray(chunkSize, '0'));
+                        endlessBytes += client.write(QByteArray(chunkSize, '0'));
                     else
                         client.disconnectFromHost();
                 });

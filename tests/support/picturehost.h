@@ -30,6 +30,9 @@ public:
     /// program that takes it all fails its test and not the computer.
     void serveEndlessly(const QByteArray& target) { endlessTarget = target; }
 
+    /// What the endless answer has come to until now, a few MiB in buffers on the way included.
+    [[nodiscard]] qint64 endlessBytesSent() const { return endlessBytes; }
+
     /// Keeps the answers back until they are released one by one.
     void holdAnswers() { holding = true; }
     /// Answers the request for @p target that is being held back.
@@ -50,6 +53,7 @@ private:
 
     bool holding = false;
     QByteArray endlessTarget;
+    qint64 endlessBytes = 0;
     QHash<QByteArray, QByteArray> bodies;
     QHash<QByteArray, QSslSocket*> held;
     QByteArrayList openedTunnels;
