@@ -6,8 +6,10 @@
 #include <QApplication>
 #include <QIcon>
 
+using namespace Qt::StringLiterals;
+
 void setApplicationIcon()
 {
     Q_INIT_RESOURCE(resources);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/korvela_entry.ico")));
+    QApplication::setWindowIcon(QIcon(u":/icons/korvela_entry.ico"_s));
 }

@@ -6,9 +6,11 @@
 #include <QMimeData>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 QString droppedJsonFile(const QMimeData* data)
 {
     const QList<QUrl> urls = data->urls();
     const QString file = urls.isEmpty() ? QString() : urls.constFirst().toLocalFile();
-    return file.endsWith(QLatin1String(".json"), Qt::CaseInsensitive) ? file : QString();
+    return file.endsWith(".json"_L1, Qt::CaseInsensitive) ? file : QString();
 }

@@ -15,6 +15,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui::MainWindow>())
@@ -64,7 +66,7 @@ void MainWindow::fitForm()
     // Both energy fields show a value with its uncertainty whole; the headings stand above the
     // columns.
     constexpr int frameAndMargins = 16;
-    const QString widestEnergy = QStringLiteral("99.99999 \u00b1 0.00009");
+    const QString widestEnergy = u"99.99999 \u00b1 0.00009"_s;
     const int energyWidth = fontMetrics().horizontalAdvance(widestEnergy) + frameAndMargins;
     ui->lineEditAIE->setFixedWidth(energyWidth);
     ui->lineEditVIE->setFixedWidth(energyWidth);

@@ -26,6 +26,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 void MainWindow::setModified()
 {
     setModified(true);
@@ -36,8 +38,8 @@ void MainWindow::setModified(bool modified)
     isModified = modified;
     const QString name =
         currentFile.isEmpty() ? tr("(untitled)") : QFileInfo(currentFile).fileName();
-    const QString mark = modified ? QStringLiteral(" *") : QString();
-    setWindowTitle(QLatin1String("KORVELA Entry Edit - ") + name + mark);
+    const QString mark = modified ? u" *"_s : QString();
+    setWindowTitle("KORVELA Entry Edit - "_L1 + name + mark);
 }
 
 bool MainWindow::askToSave()

@@ -15,6 +15,8 @@
 #include <QFileInfo>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 void MainWindow::selectSpeciesFolder()
 {
     const QString start =
@@ -45,8 +47,7 @@ bool MainWindow::step(const QString& path, Direction direction)
 {
     const QFileInfo start(path);
     const QDir folder(start.isDir() ? path : start.absolutePath());
-    const QStringList fileNames =
-        inSteppingOrder(folder.entryList({QStringLiteral("*.json")}, QDir::Files));
+    const QStringList fileNames = inSteppingOrder(folder.entryList({u"*.json"_s}, QDir::Files));
     if (fileNames.isEmpty()) {
         Messages::information(this, tr("No JSON Files"),
                               tr("No JSON files found in the directory."));

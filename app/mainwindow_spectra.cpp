@@ -19,6 +19,8 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 
+using namespace Qt::StringLiterals;
+
 void MainWindow::addSpectrumWindow(SpectrumWindow* window)
 {
     QMdiSubWindow* subWindow = ui->mdiArea->addSubWindow(window);
@@ -104,7 +106,7 @@ void MainWindow::saveSpectrum()
         Messages::warning(this, tr("Error"), tr("No active spectrum window to save."));
         return;
     }
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save Spectrum"),
+    const QString path = QFileDialog::getSaveFileName(this, u"Save Spectrum"_s,
                                                       LastOpenFolder::path(), jsonFileFilter());
     if (path.isEmpty() || spectrum.isNull())
         return;

@@ -20,6 +20,8 @@
 #include <algorithm>
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// No structure drawing is that large; an answer that never ends would fill the memory.
@@ -35,7 +37,7 @@ void MainWindow::onButtonDownloadClicked()
                           tr("Please enter a valid CAS number (e.g., 58-08-2)."));
         return;
     }
-    const QString digits = casNumber.remove(QLatin1Char('-'));
+    const QString digits = casNumber.remove(u'-');
     QNetworkReply* reply = networkManager->get(QNetworkRequest(structureImageUrl(digits)));
     // Not at the reports of progress, which come ten times a second only.
     connect(reply, &QNetworkReply::readyRead, reply, [reply] {
@@ -96,8 +98,8 @@ void MainWindow::showImage()
 void MainWindow::showImageMenu(const QPoint& position)
 {
     QMenu menu(tr("Image Menu"), this);
-    const QAction* clear = menu.addAction(QStringLiteral("Clear Image"));
-    const QAction* paste = menu.addAction(QStringLiteral("Paste Image from Clipboard"));
+    const QAction* clear = menu.addAction(u"Clear Image"_s);
+    const QAction* paste = menu.addAction(u"Paste Image from Clipboard"_s);
     const QAction* chosen = menu.exec(ui->imageLabel->mapToGlobal(position));
     if (chosen == clear)
         clearImage();

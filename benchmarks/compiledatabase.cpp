@@ -19,6 +19,8 @@
 
 #include <iostream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Qt's file dialog takes a time that grows with the square of the names typed at once.
@@ -45,19 +47,18 @@ void fillIn(MainWindow& window, DialogScript& dialogs, QStringList paths, const 
         end(dialog, QDialogButtonBox::Cancel);
     });
     for (; !paths.isEmpty(); paths = paths.mid(namesAtOnce)) {
-        const QString names = paths.mid(0, namesAtOnce).join(QStringLiteral("\" \""));
-        const QString quoted = QLatin1Char('"') + names + QLatin1Char('"');
-        dialogs.expectFileDialog(QStringLiteral("Select JSON Files to be added to the database"),
-                                 quoted);
+        const QString names = paths.mid(0, namesAtOnce).join(u"\" \""_s);
+        const QString quoted = u'"' + names + u'"';
+        dialogs.expectFileDialog(u"Select JSON Files to be added to the database"_s, quoted);
     }
-    dialogs.expectFileDialog(QStringLiteral("Database will be saved to..."), target);
+    dialogs.expectFileDialog(u"Database will be saved to..."_s, target);
     window.createSpeciesDatabase();
 }
 
 QStringList entriesOf(const QDir& folder)
 {
     QStringList paths;
-    const QStringList names = folder.entryList({QStringLiteral("*.json")}, QDir::Files);
+    const QStringList names = folder.entryList({u"*.json"_s}, QDir::Files);
     for (const QString& name : names)
         paths.append(folder.absoluteFilePath(name));
     return paths;
@@ -79,8 +80,8 @@ int main(int argc, char* argv[])
     fillIn(editor.window, dialogs, entriesOf(folder), target);
 
     dialogs.expect([](QWidget& dialog) { end(dialog, QDialogButtonBox::Ok); });
-    dialogs.expectBox(QMessageBox::Information, QStringLiteral("Success"),
-                      QStringLiteral("Species database created successfully."));
+    dialogs.expectBox(QMessageBox::Information, u"Success"_s,
+                      u"Species database created successfully."_s);
     const Cost cost = costOf([&editor] { editor.window.createSpeciesDatabase(); });
     if (!dialogs.passed())
         qFatal("%s", dialogs.report().constData());

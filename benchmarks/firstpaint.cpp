@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class FirstPaint : public QObject
@@ -28,7 +30,7 @@ public:
 private:
     static void end()
     {
-        if (QCoreApplication::arguments().contains(QStringLiteral("stay"))) {
+        if (QCoreApplication::arguments().contains(u"stay"_s)) {
             std::puts("ready");
             std::fflush(stdout);
             std::getchar();

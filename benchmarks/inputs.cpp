@@ -13,6 +13,8 @@
 #include <cmath>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double lowestEnergy = 8.0;
@@ -37,18 +39,18 @@ QString structurePicture()
 QJsonObject species(int number)
 {
     return {
-        {QStringLiteral("Name"), QStringLiteral("<i>n</i>-Species %1").arg(number)},
-        {QStringLiteral("Aliases"), QStringLiteral("first name<br>second name<br>third name")},
-        {QStringLiteral("Mass"), 58.12 + number},
-        {QStringLiteral("Formula"), QStringLiteral("C<sub>4</sub>H<sub>10</sub>")},
-        {QStringLiteral("InChI"), QStringLiteral("InChI=1S/C4H10/c1-3-4-2/h3-4H2,1-2H3")},
-        {QStringLiteral("CAS"), QStringLiteral("106-97-8")},
-        {QStringLiteral("PubChem"), QString::number(number)},
-        {QStringLiteral("AIE"), QStringLiteral("10.53 \u00b1 0.10")},
-        {QStringLiteral("VIE"), QStringLiteral("11.09")},
-        {QStringLiteral("AIE_Comment"), QStringLiteral("from the onset")},
-        {QStringLiteral("VIE_Comment"), QStringLiteral("from the maximum")},
-        {QStringLiteral("StructuralFormula"), structurePicture()},
+        {u"Name"_s, u"<i>n</i>-Species %1"_s.arg(number)},
+        {u"Aliases"_s, u"first name<br>second name<br>third name"_s},
+        {u"Mass"_s, 58.12 + number},
+        {u"Formula"_s, u"C<sub>4</sub>H<sub>10</sub>"_s},
+        {u"InChI"_s, u"InChI=1S/C4H10/c1-3-4-2/h3-4H2,1-2H3"_s},
+        {u"CAS"_s, u"106-97-8"_s},
+        {u"PubChem"_s, QString::number(number)},
+        {u"AIE"_s, u"10.53 \u00b1 0.10"_s},
+        {u"VIE"_s, u"11.09"_s},
+        {u"AIE_Comment"_s, u"from the onset"_s},
+        {u"VIE_Comment"_s, u"from the maximum"_s},
+        {u"StructuralFormula"_s, structurePicture()},
     };
 }
 
@@ -63,21 +65,21 @@ QJsonObject dataset(int number, int points)
         intensities.append(point.y());
     }
     return {
-        {QStringLiteral("Title"), QStringLiteral("Spectrum %1 of <sup>13</sup>C").arg(number)},
-        {QStringLiteral("Uploader"), QStringLiteral("A. Person")},
-        {QStringLiteral("DOI"), QStringLiteral("10.1000/example.%1").arg(number)},
-        {QStringLiteral("SpectType"), number % 6},
-        {QStringLiteral("FurtherRefs"), QStringLiteral("A. Person, B. Person, J. Ex. 1, 2 (2020)")},
-        {QStringLiteral("T"), QStringLiteral("298")},
-        {QStringLiteral("FurtherComments"), QStringLiteral("Resolved.<br>Background subtracted.")},
-        {QStringLiteral("CreatedDate"), QStringLiteral("2024-05-06")},
-        {QStringLiteral("FacilityDate"), QStringLiteral("Synchrotron, 2023")},
-        {QStringLiteral("LineSpectrum"), false},
-        {QStringLiteral("Source"), QStringLiteral("Undulator")},
-        {QStringLiteral("Resolution"), QStringLiteral("10")},
-        {QStringLiteral("Normalization"), QStringLiteral("Photodiode")},
-        {QStringLiteral("E"), energies},
-        {QStringLiteral("I"), intensities},
+        {u"Title"_s, u"Spectrum %1 of <sup>13</sup>C"_s.arg(number)},
+        {u"Uploader"_s, u"A. Person"_s},
+        {u"DOI"_s, u"10.1000/example.%1"_s.arg(number)},
+        {u"SpectType"_s, number % 6},
+        {u"FurtherRefs"_s, u"A. Person, B. Person, J. Ex. 1, 2 (2020)"_s},
+        {u"T"_s, u"298"_s},
+        {u"FurtherComments"_s, u"Resolved.<br>Background subtracted."_s},
+        {u"CreatedDate"_s, u"2024-05-06"_s},
+        {u"FacilityDate"_s, u"Synchrotron, 2023"_s},
+        {u"LineSpectrum"_s, false},
+        {u"Source"_s, u"Undulator"_s},
+        {u"Resolution"_s, u"10"_s},
+        {u"Normalization"_s, u"Photodiode"_s},
+        {u"E"_s, energies},
+        {u"I"_s, intensities},
     };
 }
 

@@ -17,11 +17,13 @@
 #include <string>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 qint64 residentMemory()
 {
-    QFile file(QStringLiteral("/proc/self/statm"));
+    QFile file(u"/proc/self/statm"_s);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("no /proc/self/statm");
     return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);

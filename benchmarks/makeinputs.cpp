@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double lineRange = 10; // eV
@@ -25,7 +27,7 @@ void writePoints(const QDir& folder, int count)
         text += QByteArray::number(point.x(), 'f', 5) + ' ' +
                 QByteArray::number(point.y(), 'f', 2) + '\n';
     }
-    QFile file(folder.filePath(QStringLiteral("points-%1.txt").arg(count)));
+    QFile file(folder.filePath(u"points-%1.txt"_s.arg(count)));
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
 }
@@ -41,7 +43,7 @@ void writeFolder(const QDir& folder, const QString& name, int entries, int point
 {
     folder.mkpath(name);
     for (int number = 1; number <= entries; ++number) {
-        const QString path = QStringLiteral("%1/entry%2.json").arg(name).arg(number);
+        const QString path = u"%1/entry%2.json"_s.arg(name).arg(number);
         writeEntry(folder.filePath(path), number, 2, points);
     }
 }
@@ -54,19 +56,19 @@ int main(int argc, char* argv[])
     if (argc < 2)
         qFatal("usage: %s folder [small]", argv[0]);
     const QDir folder(QString::fromLocal8Bit(argv[1]));
-    folder.mkpath(QStringLiteral("."));
+    folder.mkpath(u"."_s);
 
     writePoints(folder, 5'000);
-    writeEntry(folder.filePath(QStringLiteral("small.json")), 1, 5, 1'000);
+    writeEntry(folder.filePath(u"small.json"_s), 1, 5, 1'000);
     if (argc > 2)
         return EXIT_SUCCESS;
 
     for (const int count : {20'000, 100'000, 1'000'000})
         writePoints(folder, count);
     for (const int points : {1'000, 5'000, 10'000, 100'000})
-        writeEntry(folder.filePath(QStringLiteral("entry-%1.json").arg(points)), 1, 1, points);
-    writeEntry(folder.filePath(QStringLiteral("large.json")), 1, 20, 5'000);
-    writeEntry(folder.filePath(QStringLiteral("pointless.json")), 1, 20, 0);
-    writeFolder(folder, QStringLiteral("folder"), 500, 500);
-    writeFolder(folder, QStringLiteral("database"), 1'000, 1'150);
+        writeEntry(folder.filePath(u"entry-%1.json"_s.arg(points)), 1, 1, points);
+    writeEntry(folder.filePath(u"large.json"_s), 1, 20, 5'000);
+    writeEntry(folder.filePath(u"pointless.json"_s), 1, 20, 0);
+    writeFolder(folder, u"folder"_s, 500, 500);
+    writeFolder(folder, u"database"_s, 1'000, 1'150);
 }

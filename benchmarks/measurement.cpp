@@ -12,6 +12,8 @@
 
 #if __has_include(<valgrind/callgrind.h>)
 #include <valgrind/callgrind.h>
+
+using namespace Qt::StringLiterals;
 #else
 #define CALLGRIND_START_INSTRUMENTATION
 #define CALLGRIND_STOP_INSTRUMENTATION
@@ -58,7 +60,7 @@ QString Subject::path(const QString& fileName) const
 
 QString Subject::pointText() const
 {
-    QFile file(path(QStringLiteral("points-%1.txt").arg(size)));
+    QFile file(path(u"points-%1.txt"_s.arg(size)));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
     return QString::fromLatin1(file.readAll());

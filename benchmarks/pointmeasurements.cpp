@@ -43,7 +43,7 @@ Measurement parseByExpression(const Subject& subject)
 {
     return measurementOf([text = subject.pointText()] {
         QList<QPointF> points;
-        const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const QStringList lines = text.split(u'\n', Qt::SkipEmptyParts);
         for (const QString& line : lines) {
             if (const auto point = PointText::parseLineByExpression(line))
                 points.append(*point);

@@ -10,10 +10,12 @@
 #include <QLabel>
 #include <QMainWindow>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
     QMainWindow window;
-    window.setCentralWidget(new QLabel(QStringLiteral("Label")));
+    window.setCentralWidget(new QLabel(u"Label"_s));
     return showUntilPainted(window);
 }

@@ -19,6 +19,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Windows::child;
@@ -45,8 +47,8 @@ struct LargeEntry
 LargeEntry largeEntry(const Subject& subject)
 {
     if (subject.size == 5'000)
-        return {subject.path(QStringLiteral("large.json")), 20};
-    return {subject.path(QStringLiteral("small.json")), 5};
+        return {subject.path(u"large.json"_s), 20};
+    return {subject.path(u"small.json"_s), 5};
 }
 
 Measurement openEntry(const Subject& subject)
@@ -90,8 +92,7 @@ Measurement openTexts(const Subject& subject)
         const Cost cost = costOf([&] {
             keep(readEntry(entry.path).size());
             editor->addEmptySpectra(entry.datasets);
-            const auto texts =
-                editor->window.findChildren<QPlainTextEdit*>(QStringLiteral("textEditSpect"));
+            const auto texts = editor->window.findChildren<QPlainTextEdit*>(u"textEditSpect"_s);
             for (QPlainTextEdit* field : texts) {
                 const QSignalBlocker noTypedEdit(field);
                 field->setPlainText(text);
@@ -107,7 +108,7 @@ Measurement openTexts(const Subject& subject)
 /// Opens the large entry's twin that has no points, after reading the large one.
 Measurement openPointlessEntry(const Subject& subject)
 {
-    const QString pointless = subject.path(QStringLiteral("pointless.json"));
+    const QString pointless = subject.path(u"pointless.json"_s);
     return [path = largeEntry(subject).path, pointless, editor = std::make_shared<Editor>()] {
         const Cost cost = costOf([&] {
             keep(readEntry(path).size());
@@ -144,7 +145,7 @@ Measurement parseEntry(const Subject& subject)
 
 QString firstOfFolder(const Subject& subject)
 {
-    return subject.path(QStringLiteral("folder/entry1.json"));
+    return subject.path(u"folder/entry1.json"_s);
 }
 
 Measurement step(const Subject& subject)
@@ -204,7 +205,7 @@ struct OneSpectrum
 std::shared_ptr<OneSpectrum> oneSpectrum(const Subject& subject)
 {
     auto spectrum = std::make_shared<OneSpectrum>();
-    spectrum->path = subject.path(QStringLiteral("entry-%1.json").arg(subject.size));
+    spectrum->path = subject.path(u"entry-%1.json"_s.arg(subject.size));
     spectrum->editor = std::make_unique<Editor>();
     spectrum->editor->load(spectrum->path);
     settle();
@@ -219,7 +220,7 @@ std::shared_ptr<OneSpectrum> oneSpectrum(const Subject& subject)
 /// Shows the points of the file again.
 void reload(const OneSpectrum& spectrum)
 {
-    spectrum.model->fromJson(readEntry(spectrum.path).value(QLatin1String("Dataset1")).toObject());
+    spectrum.model->fromJson(readEntry(spectrum.path).value("Dataset1"_L1).toObject());
     settle();
 }
 
@@ -273,17 +274,16 @@ Measurement redraw(const Subject& subject)
 {
     const auto spectrum = oneSpectrum(subject);
     const QString text = spectrum->text->toPlainText();
-    return inTurn<QString>(
-        text, text + QLatin1String("\n13.5; 1100"), [spectrum](const QString& edited) {
-            spectrum->text->setPlainText(edited);
-            settle();
-            // What happens when the pause in the typing is over.
-            spectrum->model->findChild<QTimer*>()->stop();
-            return costOf([&] {
-                QMetaObject::invokeMethod(spectrum->model, "emitSpectrumDataChanged");
-                spectrum->editor->charts.settleAndPaint();
-            });
+    return inTurn<QString>(text, text + "\n13.5; 1100"_L1, [spectrum](const QString& edited) {
+        spectrum->text->setPlainText(edited);
+        settle();
+        // What happens when the pause in the typing is over.
+        spectrum->model->findChild<QTimer*>()->stop();
+        return costOf([&] {
+            QMetaObject::invokeMethod(spectrum->model, "emitSpectrumDataChanged");
+            spectrum->editor->charts.settleAndPaint();
         });
+    });
 }
 
 Measurement redrawNaively(const Subject& subject)
@@ -322,7 +322,7 @@ void write(const QString& path, const QByteArray& bytes)
 Measurement saveEntry(const Subject& subject)
 {
     const auto folder = std::make_shared<QTemporaryDir>();
-    const QString path = folder->filePath(QStringLiteral("saved.json"));
+    const QString path = folder->filePath(u"saved.json"_s);
     if (!QFile::copy(largeEntry(subject).path, path))
         qFatal("cannot write %s", qPrintable(path));
     const auto editor = std::make_shared<Editor>();
@@ -336,19 +336,18 @@ Measurement saveEntry(const Subject& subject)
 
 Measurement saveValue(const Subject& subject)
 {
-    return [folder = std::make_shared<QTemporaryDir>(),
-            value = readEntry(largeEntry(subject).path)] {
-        return costOf([&] {
-            write(folder->filePath(QStringLiteral("saved.json")), QJsonDocument(value).toJson());
-        });
-    };
+    return
+        [folder = std::make_shared<QTemporaryDir>(), value = readEntry(largeEntry(subject).path)] {
+            return costOf(
+                [&] { write(folder->filePath(u"saved.json"_s), QJsonDocument(value).toJson()); });
+        };
 }
 
 Measurement saveBytes(const Subject& subject)
 {
     return [folder = std::make_shared<QTemporaryDir>(),
             bytes = QJsonDocument(readEntry(largeEntry(subject).path)).toJson()] {
-        return costOf([&] { write(folder->filePath(QStringLiteral("saved.json")), bytes); });
+        return costOf([&] { write(folder->filePath(u"saved.json"_s), bytes); });
     };
 }
 

@@ -22,6 +22,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace Windows {
 
 void settle()
@@ -110,27 +112,26 @@ QWidget* bareSpectrumWidget(const QJsonObject& dataset)
         fields->addWidget(field, index / columns, index % columns);
     };
     for (int i = 0; i < labels; ++i)
-        add(new QLabel(QStringLiteral("Caption")));
+        add(new QLabel(u"Caption"_s));
     for (int i = 0; i < textFields; ++i) {
         auto* field = new QTextEdit;
-        field->setHtml(dataset.value(QLatin1String("Title")).toString());
+        field->setHtml(dataset.value("Title"_L1).toString());
         add(field);
     }
     for (int i = 0; i < buttons; ++i)
-        add(new QPushButton(QStringLiteral("Button")));
+        add(new QPushButton(u"Button"_s));
     add(new QComboBox);
-    add(new QCheckBox(QStringLiteral("Box")));
+    add(new QCheckBox(u"Box"_s));
 
-    const QJsonArray energies = dataset.value(QLatin1String("E")).toArray();
-    const QJsonArray intensities = dataset.value(QLatin1String("I")).toArray();
+    const QJsonArray energies = dataset.value("E"_L1).toArray();
+    const QJsonArray intensities = dataset.value("I"_L1).toArray();
     QString text;
     QList<QPointF> points;
     points.reserve(energies.size());
     for (qsizetype i = 0; i < energies.size(); ++i) {
         const QPointF point(energies.at(i).toDouble(), intensities.at(i).toDouble());
         points.append(point);
-        text += QString::number(point.x()) + QLatin1Char(' ') + QString::number(point.y()) +
-                QLatin1Char('\n');
+        text += QString::number(point.x()) + u' ' + QString::number(point.y()) + u'\n';
     }
     auto* editor = new QPlainTextEdit;
     editor->setPlainText(text);
@@ -176,7 +177,7 @@ BareWindows::~BareWindows() = default;
 void BareWindows::open(const QJsonObject& entry)
 {
     for (auto value = entry.constBegin(); value != entry.constEnd(); ++value) {
-        if (!value.key().startsWith(QLatin1String("Dataset")))
+        if (!value.key().startsWith("Dataset"_L1))
             continue;
         QMdiSubWindow* subWindow = area->addSubWindow(bareSpectrumWidget(value->toObject()));
         subWindow->setAttribute(Qt::WA_DeleteOnClose);

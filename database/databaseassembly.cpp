@@ -8,11 +8,13 @@
 #include <algorithm>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString entryKey(int number)
 {
-    return QStringLiteral("Entry%1").arg(number);
+    return u"Entry%1"_s.arg(number);
 }
 
 /// What QJsonDocument writes between the outermost braces, and the braces with their line feeds.
@@ -53,12 +55,11 @@ QByteArray entry(int number, QJsonObject speciesFile, QJsonDocument::JsonFormat 
 QByteArray end(const Header& header, QJsonDocument::JsonFormat format)
 {
     const QJsonObject members{
-        {QStringLiteral("Header"),
-         QJsonObject{{QStringLiteral("Version"), header.version},
-                     {QStringLiteral("Database"), header.release},
-                     {QStringLiteral("Title"), header.title},
-                     {QStringLiteral("Date"), header.date.toString(Qt::ISODate)}}},
-        {JsonFile::typeKey, QStringLiteral("Database v1")},
+        {u"Header"_s, QJsonObject{{u"Version"_s, header.version},
+                                  {u"Database"_s, header.release},
+                                  {u"Title"_s, header.title},
+                                  {u"Date"_s, header.date.toString(Qt::ISODate)}}},
+        {JsonFile::typeKey, u"Database v1"_s},
     };
     return membersText(members, format) + (format == QJsonDocument::Compact ? "}" : "\n}\n");
 }

@@ -8,20 +8,22 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Whether the characters themselves look like markup. Such text cannot stay the same, because
 /// cleaned HTML is deliberately stored without escaping.
 bool looksLikeMarkup(const QString& text)
 {
-    static const QRegularExpression markup(QStringLiteral("&|<[A-Za-z/!?]"));
+    static const QRegularExpression markup(u"&|<[A-Za-z/!?]"_s);
     return text.contains(markup);
 }
 
 /// A raised or lowered run of white space only: HTML does not keep it apart from its neighbours.
 bool hasBlankRun(const QString& html)
 {
-    static const QRegularExpression blank(QStringLiteral("<(su[bp])>\\s*</\\1>"),
+    static const QRegularExpression blank(u"<(su[bp])>\\s*</\\1>"_s,
                                           QRegularExpression::UseUnicodePropertiesOption);
     return html.contains(blank);
 }
@@ -30,8 +32,8 @@ bool hasBlankRun(const QString& html)
 /// run.
 QString withNeighboursMerged(QString html)
 {
-    html.remove(QLatin1String("</sub><sub>"));
-    html.remove(QLatin1String("</sup><sup>"));
+    html.remove("</sub><sub>"_L1);
+    html.remove("</sup><sup>"_L1);
     return html;
 }
 

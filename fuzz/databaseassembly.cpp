@@ -12,6 +12,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     QList<QJsonObject> files;
@@ -21,8 +23,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         if (SpeciesFile::isSpecies(file))
             files.append(file);
     }
-    const DatabaseAssembly::Header header{QStringLiteral("1.0"), QStringLiteral("3.0"),
-                                          QStringLiteral("Title"), QDate(2026, 1, 2)};
+    const DatabaseAssembly::Header header{u"1.0"_s, u"3.0"_s, u"Title"_s, QDate(2026, 1, 2)};
     const auto format = size % 2 == 0 ? QJsonDocument::Compact : QJsonDocument::Indented;
     QByteArray text = DatabaseAssembly::beginning(format);
     const QList<int> order = DatabaseAssembly::entryOrder(static_cast<int>(files.size()));
@@ -35,8 +36,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     Fuzz::require(database.size() == files.size() + 2, "one entry a file, a header and a type");
     int number = 1;
     for (QJsonObject file : std::as_const(files)) {
-        file.remove(QLatin1String("Type"));
-        Fuzz::require(database.value(QStringLiteral("Entry%1").arg(number++)).toObject() == file,
+        file.remove("Type"_L1);
+        Fuzz::require(database.value(u"Entry%1"_s.arg(number++)).toObject() == file,
                       "an entry is its file without the type");
     }
     return 0;

@@ -48,13 +48,13 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     constexpr qsizetype mostLines = 200;
     const QStringList lines =
-        QString::fromUtf8(Fuzz::bytes(data, size)).split(QLatin1Char('\n')).mid(0, mostLines);
+        QString::fromUtf8(Fuzz::bytes(data, size)).split(u'\n').mid(0, mostLines);
     QList<QPointF> expected;
     for (const QString& line : lines) {
         if (const auto point = PointText::parseLineByExpression(line))
             expected.append(*point);
     }
-    const QList<QPointF> points = PointText::parse(lines.join(QLatin1Char('\n')));
+    const QList<QPointF> points = PointText::parse(lines.join(u'\n'));
     Fuzz::require(points.size() == expected.size(), "the quick parser finds the same points");
     for (qsizetype i = 0; i < points.size(); ++i)
         Fuzz::require(same(points.at(i), expected.at(i)),

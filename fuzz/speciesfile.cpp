@@ -17,6 +17,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void writeFile(const QString& path, const QByteArray& content)
@@ -29,7 +31,7 @@ void writeFile(const QString& path, const QByteArray& content)
 QByteArray loadedAndSaved(MainWindow& window, const QString& path)
 {
     Fuzz::require(window.loadSpecies(path), "a species file can be loaded");
-    window.findChild<QAction*>(QStringLiteral("actionSaveSpecies"))->trigger();
+    window.findChild<QAction*>(u"actionSaveSpecies"_s)->trigger();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QFile file(path);
     Fuzz::require(file.open(QIODevice::ReadOnly), "a saved file can be read");
@@ -56,7 +58,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static MainWindow& window = *new MainWindow;
     window.show();
 
-    const QString path = folder.filePath(QStringLiteral("entry.json"));
+    const QString path = folder.filePath(u"entry.json"_s);
     writeFile(path, Fuzz::bytes(data, size));
     constexpr int mostDatasets = 20;
     if (!SpeciesFile::read(path) ||

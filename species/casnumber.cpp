@@ -6,13 +6,15 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 bool isValidCasNumber(const QString& text)
 {
-    static const QRegularExpression format(QStringLiteral("^\\d{1,7}-\\d{2}-\\d$"));
+    static const QRegularExpression format(u"^\\d{1,7}-\\d{2}-\\d$"_s);
     if (!format.match(text).hasMatch())
         return false;
 
-    const QStringList groups = text.split(QLatin1Char('-'));
+    const QStringList groups = text.split(u'-');
     const QString digits = groups.at(0) + groups.at(1);
     int sum = 0;
     int weight = 1;

@@ -8,10 +8,12 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr QLatin1String speciesType("Species v1");
-constexpr QLatin1String speciesKey("Species");
+constexpr QLatin1StringView speciesType("Species v1");
+constexpr QLatin1StringView speciesKey("Species");
 
 } // namespace
 
@@ -37,7 +39,7 @@ QJsonObject species(const QJsonObject& file)
 
 QList<QJsonObject> datasets(const QJsonObject& file)
 {
-    static const QRegularExpression datasetKey(QStringLiteral("^Dataset\\d+$"));
+    static const QRegularExpression datasetKey(u"^Dataset\\d+$"_s);
     QList<QJsonObject> found;
     for (auto entry = file.constBegin(); entry != file.constEnd(); ++entry) {
         if (datasetKey.match(entry.key()).hasMatch())
@@ -51,7 +53,7 @@ QJsonObject assemble(const QJsonObject& species, const QList<QJsonObject>& datas
     QJsonObject file{{JsonFile::typeKey, QString(speciesType)}, {speciesKey, species}};
     int number = 1;
     for (const QJsonObject& dataset : datasets)
-        file.insert(QStringLiteral("Dataset%1").arg(number++), dataset);
+        file.insert(u"Dataset%1"_s.arg(number++), dataset);
     return file;
 }
 

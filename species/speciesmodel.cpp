@@ -8,6 +8,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum class Kind { Text, Lines, Number };
@@ -15,24 +17,24 @@ enum class Kind { Text, Lines, Number };
 struct Field
 {
     SpeciesModel::Column column{};
-    QLatin1String key;
+    QLatin1StringView key;
     Kind kind{};
 };
 
-constexpr QLatin1String imageKey("StructuralFormula");
+constexpr QLatin1StringView imageKey("StructuralFormula");
 
 constexpr std::array<Field, 11> fields{{
-    {SpeciesModel::Name, QLatin1String("Name"), Kind::Text},
-    {SpeciesModel::Aliases, QLatin1String("Aliases"), Kind::Lines},
-    {SpeciesModel::Mass, QLatin1String("Mass"), Kind::Number},
-    {SpeciesModel::Formula, QLatin1String("Formula"), Kind::Text},
-    {SpeciesModel::InChI, QLatin1String("InChI"), Kind::Text},
-    {SpeciesModel::Cas, QLatin1String("CAS"), Kind::Text},
-    {SpeciesModel::PubChem, QLatin1String("PubChem"), Kind::Text},
-    {SpeciesModel::Aie, QLatin1String("AIE"), Kind::Text},
-    {SpeciesModel::Vie, QLatin1String("VIE"), Kind::Text},
-    {SpeciesModel::AieComment, QLatin1String("AIE_Comment"), Kind::Text},
-    {SpeciesModel::VieComment, QLatin1String("VIE_Comment"), Kind::Text},
+    {SpeciesModel::Name, "Name"_L1, Kind::Text},
+    {SpeciesModel::Aliases, "Aliases"_L1, Kind::Lines},
+    {SpeciesModel::Mass, "Mass"_L1, Kind::Number},
+    {SpeciesModel::Formula, "Formula"_L1, Kind::Text},
+    {SpeciesModel::InChI, "InChI"_L1, Kind::Text},
+    {SpeciesModel::Cas, "CAS"_L1, Kind::Text},
+    {SpeciesModel::PubChem, "PubChem"_L1, Kind::Text},
+    {SpeciesModel::Aie, "AIE"_L1, Kind::Text},
+    {SpeciesModel::Vie, "VIE"_L1, Kind::Text},
+    {SpeciesModel::AieComment, "AIE_Comment"_L1, Kind::Text},
+    {SpeciesModel::VieComment, "VIE_Comment"_L1, Kind::Text},
 }};
 
 QJsonValue toJsonValue(const QVariant& cell, Kind kind)
@@ -48,8 +50,8 @@ QVariant fromJsonValue(const QJsonValue& value, Kind kind)
         return value.toDouble();
     QString text = value.toString();
     if (kind == Kind::Lines) {
-        text.replace(QLatin1String("\r\n"), QLatin1String("<br>"));
-        text.replace(QLatin1Char('\n'), QLatin1String("<br>"));
+        text.replace("\r\n"_L1, "<br>"_L1);
+        text.replace(u'\n', "<br>"_L1);
     }
     return text;
 }

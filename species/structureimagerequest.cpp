@@ -3,9 +3,11 @@
 
 #include "species/structureimagerequest.h"
 
+using namespace Qt::StringLiterals;
+
 QUrl structureImageUrl(const QString& casDigits)
 {
-    const QString address = QLatin1String("https://webbook.nist.gov/cgi/cbook.cgi?Struct=C") +
-                            casDigits + QLatin1String("&Type=Color");
+    const QString address =
+        "https://webbook.nist.gov/cgi/cbook.cgi?Struct=C"_L1 + casDigits + "&Type=Color"_L1;
     return QUrl(address, QUrl::TolerantMode);
 }

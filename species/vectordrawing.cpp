@@ -11,6 +11,8 @@
 #include <zlib.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A drawing of this many bytes is no structural formula; it would only fill the memory.
@@ -54,17 +56,17 @@ QByteArray uncompressed(const QByteArray& /*gzip*/)
 /// The reference as it may stand in a self-contained drawing; empty when it must not.
 QString harmlessReference(const QString& reference, const VectorDrawing::PixelsOf& pixelsOf)
 {
-    if (reference.startsWith(QLatin1Char('#')))
+    if (reference.startsWith(u'#'))
         return reference;
-    if (!reference.startsWith(QLatin1String("data:"), Qt::CaseInsensitive))
+    if (!reference.startsWith("data:"_L1, Qt::CaseInsensitive))
         return {};
 
-    const QLatin1String base64Mark("base64,");
+    const QLatin1StringView base64Mark("base64,");
     const qsizetype mark = reference.indexOf(base64Mark);
     if (mark < 0)
         return {};
     const QString pixels = pixelsOf(reference.mid(mark + base64Mark.size()));
-    return pixels.isEmpty() ? QString() : QString(QLatin1String("data:image/png;base64,") + pixels);
+    return pixels.isEmpty() ? QString() : QString("data:image/png;base64,"_L1 + pixels);
 }
 
 void copyStartElement(const QXmlStreamReader& reader, QXmlStreamWriter& writer,
@@ -75,8 +77,8 @@ void copyStartElement(const QXmlStreamReader& reader, QXmlStreamWriter& writer,
     for (const QXmlStreamAttribute& attribute : attributes) {
         const QString name = attribute.qualifiedName().toString();
         QString value = attribute.value().toString();
-        const QString localName = name.section(QLatin1Char(':'), -1);
-        if (localName.compare(QLatin1String("href"), Qt::CaseInsensitive) == 0) {
+        const QString localName = name.section(u':', -1);
+        if (localName.compare("href"_L1, Qt::CaseInsensitive) == 0) {
             value = harmlessReference(value, pixelsOf);
             if (value.isEmpty())
                 continue;

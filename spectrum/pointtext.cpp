@@ -14,6 +14,8 @@
 #include <cstddef>
 #include <cstdint>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char16_t lineFeed = u'\n';
@@ -187,7 +189,7 @@ QString fixedText(const QList<QPointF>& points, int energyDecimals)
     constexpr int intensityDecimals = 2;
     return textOf(points, [energyDecimals](QString& text, const QPointF& point) {
         DecimalText::appendFixed(text, point.x(), energyDecimals);
-        text.append(QLatin1Char(' '));
+        text.append(u' ');
         DecimalText::appendFixed(text, point.y(), intensityDecimals);
     });
 }
@@ -214,7 +216,7 @@ QList<QPointF> parse(QStringView text)
 
 std::optional<QPointF> parseLineByExpression(const QString& line)
 {
-    static const QRegularExpression separator(QStringLiteral("[,;\\s]+"));
+    static const QRegularExpression separator(u"[,;\\s]+"_s);
     const QStringList parts = line.split(separator, Qt::SkipEmptyParts);
     if (parts.size() != 2)
         return {};
@@ -230,7 +232,7 @@ std::optional<QPointF> parseLineByExpression(const QString& line)
 QString withoutEmptyLines(const QString& text)
 {
     if (!text.startsWith(QChar(lineFeed)) && !text.endsWith(QChar(lineFeed)) &&
-        !text.contains(QLatin1String("\n\n"))) {
+        !text.contains("\n\n"_L1)) {
         return text;
     }
     QString kept;
@@ -257,7 +259,7 @@ QString loadedText(const QList<QPointF>& points)
 {
     return textOf(points, [](QString& text, const QPointF& point) {
         DecimalText::appendSignificant(text, point.x());
-        text.append(QLatin1String("; "));
+        text.append("; "_L1);
         DecimalText::appendSignificant(text, point.y());
     });
 }

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 SpectrumChartView::SpectrumChartView(QWidget* parent)
     : QChartView(new QChart, parent)
     , hoverLabel(new QLabel(this))
@@ -20,8 +22,7 @@ SpectrumChartView::SpectrumChartView(QWidget* parent)
     setAttribute(Qt::WA_MouseTracking);
     viewport()->setAttribute(Qt::WA_MouseTracking);
 
-    hoverLabel->setStyleSheet(
-        QStringLiteral("background-color: rgba(255, 255, 255, 150); padding: 2px;"));
+    hoverLabel->setStyleSheet(u"background-color: rgba(255, 255, 255, 150); padding: 2px;"_s);
     setDarkText(*hoverLabel);
     hoverLabel->setAlignment(Qt::AlignCenter);
     hoverLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -97,8 +98,7 @@ void SpectrumChartView::showValue(QPointF value)
 {
     constexpr int energyDecimals = 4;
     constexpr int intensityDecimals = 2;
-    hoverLabel->setText(QStringLiteral("h\u03bd: %1, I: %2")
-                            .arg(value.x(), 0, 'f', energyDecimals)
+    hoverLabel->setText(u"h\u03bd: %1, I: %2"_s.arg(value.x(), 0, 'f', energyDecimals)
                             .arg(value.y(), 0, 'f', intensityDecimals));
     positionHoverLabel();
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr QLatin1String spectrumType("Spectrum v1");
+constexpr QLatin1StringView spectrumType("Spectrum v1");
 
 } // namespace
 

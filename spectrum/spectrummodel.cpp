@@ -18,43 +18,45 @@
 #include <array>
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Field
 {
     SpectrumModel::Column column{};
-    QLatin1String key;
+    QLatin1StringView key;
 };
 
 constexpr std::array<Field, 8> commonTexts{{
-    {SpectrumModel::Title, QLatin1String("Title")},
-    {SpectrumModel::Uploader, QLatin1String("Uploader")},
-    {SpectrumModel::Doi, QLatin1String("DOI")},
-    {SpectrumModel::FurtherRefs, QLatin1String("FurtherRefs")},
-    {SpectrumModel::Temperature, QLatin1String("T")},
-    {SpectrumModel::FurtherComments, QLatin1String("FurtherComments")},
-    {SpectrumModel::CreatedDate, QLatin1String("CreatedDate")},
-    {SpectrumModel::FacilityDate, QLatin1String("FacilityDate")},
+    {SpectrumModel::Title, "Title"_L1},
+    {SpectrumModel::Uploader, "Uploader"_L1},
+    {SpectrumModel::Doi, "DOI"_L1},
+    {SpectrumModel::FurtherRefs, "FurtherRefs"_L1},
+    {SpectrumModel::Temperature, "T"_L1},
+    {SpectrumModel::FurtherComments, "FurtherComments"_L1},
+    {SpectrumModel::CreatedDate, "CreatedDate"_L1},
+    {SpectrumModel::FacilityDate, "FacilityDate"_L1},
 }};
 
 using TypeTexts = std::array<Field, 3>;
 constexpr TypeTexts experimentTexts{{
-    {SpectrumModel::Source, QLatin1String("Source")},
-    {SpectrumModel::Resolution, QLatin1String("Resolution")},
-    {SpectrumModel::Normalization, QLatin1String("Normalization")},
+    {SpectrumModel::Source, "Source"_L1},
+    {SpectrumModel::Resolution, "Resolution"_L1},
+    {SpectrumModel::Normalization, "Normalization"_L1},
 }};
 constexpr TypeTexts simulationTexts{{
-    {SpectrumModel::LevelOfTheory, QLatin1String("LevelOfTheory")},
-    {SpectrumModel::ConvolutionFwhm, QLatin1String("ConvolutionFWHM")},
-    {SpectrumModel::Aie, QLatin1String("AIE")},
+    {SpectrumModel::LevelOfTheory, "LevelOfTheory"_L1},
+    {SpectrumModel::ConvolutionFwhm, "ConvolutionFWHM"_L1},
+    {SpectrumModel::Aie, "AIE"_L1},
 }};
 
-constexpr QLatin1String typeKey("SpectType");
-constexpr QLatin1String lineSpectrumKey("LineSpectrum");
-constexpr QLatin1String energyKey("E");
-constexpr QLatin1String intensityKey("I");
+constexpr QLatin1StringView typeKey("SpectType");
+constexpr QLatin1StringView lineSpectrumKey("LineSpectrum");
+constexpr QLatin1StringView energyKey("E");
+constexpr QLatin1StringView intensityKey("I");
 /// Older records hold the points as one array of objects with "E" and "I".
-constexpr QLatin1String pointObjectsKey("Spectrum");
+constexpr QLatin1StringView pointObjectsKey("Spectrum");
 
 const TypeTexts& textsOfType(int type)
 {
@@ -190,8 +192,8 @@ void SpectrumModel::normalizeSpectrum()
 void SpectrumModel::makePointsSparser()
 {
     if (value(LineSpectrum).toBool()) {
-        Messages::warning(qobject_cast<QWidget*>(QObject::parent()), QStringLiteral("Error"),
-                          QStringLiteral("Cannot resample line spectra"));
+        Messages::warning(qobject_cast<QWidget*>(QObject::parent()), u"Error"_s,
+                          u"Cannot resample line spectra"_s);
         return;
     }
     const WaitCursor waiting;

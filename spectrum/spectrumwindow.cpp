@@ -19,6 +19,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The child of the multiple-document area in which the widget is, if it is in one.
@@ -138,12 +140,12 @@ void SpectrumWindow::buildChart()
     const auto addAxis = [chart, series](const QString& title, Qt::Alignment side) {
         auto* axis = new QValueAxis;
         axis->setTitleText(title);
-        axis->setLabelFormat(QStringLiteral("%.2f"));
+        axis->setLabelFormat(u"%.2f"_s);
         chart->addAxis(axis, side);
         series->attachAxis(axis);
     };
-    addAxis(QStringLiteral("h\u03bd / eV"), Qt::AlignBottom);
-    addAxis(QStringLiteral("Intensity / arb. unit"), Qt::AlignLeft);
+    addAxis(u"h\u03bd / eV"_s, Qt::AlignBottom);
+    addAxis(u"Intensity / arb. unit"_s, Qt::AlignLeft);
 
     // The view hands its old chart back to the caller.
     const std::unique_ptr<QChart> replaced(ui->chartSpectrum->chart());
@@ -183,19 +185,17 @@ void SpectrumWindow::setCaptions(int type)
                                          const QString& forExperiment) {
         label->setText(simulation ? forSimulation : forExperiment);
     };
-    setCaption(ui->label_8, QStringLiteral("Level(s) of theory"), QStringLiteral("Source"));
-    setCaption(ui->label_9, QStringLiteral("Vib. T / K"), QStringLiteral("Source T / K"));
-    setCaption(ui->label_10, QStringLiteral("Conv. FWHM / meV"),
-               QStringLiteral("Resolution / meV"));
-    setCaption(ui->label_11, QStringLiteral("0-0 transition / eV"),
-               QStringLiteral("Flux normalization"));
+    setCaption(ui->label_8, u"Level(s) of theory"_s, u"Source"_s);
+    setCaption(ui->label_9, u"Vib. T / K"_s, u"Source T / K"_s);
+    setCaption(ui->label_10, u"Conv. FWHM / meV"_s, u"Resolution / meV"_s);
+    setCaption(ui->label_11, u"0-0 transition / eV"_s, u"Flux normalization"_s);
     setCaption(ui->labelComments,
-               QStringLiteral("Comments: programs used, approximations, convergence, "
-                              "simulation issues etc."),
-               QStringLiteral("Comments: mass resolution, extraction field, details of spectral "
-                              "treatment, sample / isomeric purity etc."));
-    setCaption(ui->labelCitations, QStringLiteral("Further citations (program(s), theory etc.)"),
-               QStringLiteral("Further citations (expt., source, light source etc.)"));
+               u"Comments: programs used, approximations, convergence, "
+               "simulation issues etc."_s,
+               u"Comments: mass resolution, extraction field, details of spectral "
+               "treatment, sample / isomeric purity etc."_s);
+    setCaption(ui->labelCitations, u"Further citations (program(s), theory etc.)"_s,
+               u"Further citations (expt., source, light source etc.)"_s);
 }
 
 void SpectrumWindow::submitLineSpectrum()
@@ -215,13 +215,13 @@ void SpectrumWindow::onButtonCommaToDotClicked()
 {
     const WaitCursor waiting;
     QString text = ui->textEditSpect->document()->toPlainText();
-    ui->textEditSpect->setPlainText(text.replace(QLatin1Char(','), QLatin1Char('.')));
+    ui->textEditSpect->setPlainText(text.replace(u',', u'.'));
 }
 
 void SpectrumWindow::updateLineCount()
 {
     ui->label_14->setText(
-        QStringLiteral("Spectrum, I(hv / eV) (%1 lines)").arg(ui->textEditSpect->blockCount()));
+        u"Spectrum, I(hv / eV) (%1 lines)"_s.arg(ui->textEditSpect->blockCount()));
 }
 
 void SpectrumWindow::updateChart()

@@ -38,7 +38,7 @@ WriteResult write(const QString& path, const QJsonObject& object, QJsonDocument:
     return file.commit();
 }
 
-bool isOfType(const QJsonObject& object, QLatin1String type)
+bool isOfType(const QJsonObject& object, QLatin1StringView type)
 {
     return object.value(typeKey).toString() == type;
 }

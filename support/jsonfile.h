@@ -29,9 +29,9 @@ using WriteResult = WholeFile::Result;
                                 QJsonDocument::JsonFormat format);
 
 /// Every file says of itself what it is under this key.
-constexpr QLatin1String typeKey("Type");
+constexpr QLatin1StringView typeKey("Type");
 
 /// Whether the object says that it is of the given type (case-sensitive).
-[[nodiscard]] bool isOfType(const QJsonObject& object, QLatin1String type);
+[[nodiscard]] bool isOfType(const QJsonObject& object, QLatin1StringView type);
 
 } // namespace JsonFile

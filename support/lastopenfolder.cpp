@@ -7,16 +7,18 @@
 #include <QFileInfo>
 #include <QSettings>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString key()
 {
-    return QStringLiteral("lastOpenFolder");
+    return u"lastOpenFolder"_s;
 }
 
 QSettings settings()
 {
-    return QSettings(QStringLiteral("Ostravel"), QStringLiteral("KORVELA"));
+    return QSettings(u"Ostravel"_s, u"KORVELA"_s);
 }
 
 } // namespace

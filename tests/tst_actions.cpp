@@ -220,7 +220,7 @@ private Q_SLOTS:
         if (title.startsWith(u"Open Spectrum"))
             dialogs.expectBox(QMessageBox::Warning, u"Error"_s,
                               u"Could not open file for reading"_s);
-        QTest::keySequence(&window, QKeySequence(QLatin1String(QTest::currentDataTag())));
+        QTest::keySequence(&window, QKeySequence(QLatin1StringView(QTest::currentDataTag())));
         QVERIFY2(dialogs.passed(), dialogs.report().constData());
     }
 

@@ -9,6 +9,8 @@
 #include <array>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Substance
@@ -95,7 +97,7 @@ private Q_SLOTS:
         qsizetype weight = 0;
         for (qsizetype position = casNumber.size() - 1; position >= 0; --position) {
             const QChar original = casNumber.at(position);
-            if (original == QLatin1Char('-'))
+            if (original == u'-')
                 continue;
             for (char wrong = '0'; wrong <= '9'; ++wrong) {
                 const int difference = wrong - original.toLatin1();
@@ -115,9 +117,9 @@ private Q_SLOTS:
 
     void neighboursExchangedAreRefused()
     {
-        QVERIFY(!isValidCasNumber(QStringLiteral("85-08-2")));
-        QVERIFY(!isValidCasNumber(QStringLiteral("58-80-2")));
-        QVERIFY(!isValidCasNumber(QStringLiteral("7723-18-5")));
+        QVERIFY(!isValidCasNumber(u"85-08-2"_s));
+        QVERIFY(!isValidCasNumber(u"58-80-2"_s));
+        QVERIFY(!isValidCasNumber(u"7723-18-5"_s));
     }
 
     void malformedNumbersAreRefused_data()
@@ -167,16 +169,16 @@ private Q_SLOTS:
     void firstGroupHasOneToSevenDigits_data()
     {
         QTest::addColumn<QString>("casNumber");
-        QTest::newRow("one digit, 1x3") << QStringLiteral("1-00-3");
-        QTest::newRow("two digits, 1x4") << QStringLiteral("10-00-4");
-        QTest::newRow("three digits, 1x5") << QStringLiteral("100-00-5");
-        QTest::newRow("four digits, 1x6") << QStringLiteral("1000-00-6");
-        QTest::newRow("five digits, 1x7") << QStringLiteral("10000-00-7");
-        QTest::newRow("six digits, 1x8") << QStringLiteral("100000-00-8");
-        QTest::newRow("seven digits, 1x9") << QStringLiteral("1000000-00-9");
-        QTest::newRow("largest sum, 405") << QStringLiteral("9999999-99-5");
-        QTest::newRow("sum divisible by ten") << QStringLiteral("50-00-0");
-        QTest::newRow("all zeros") << QStringLiteral("0-00-0");
+        QTest::newRow("one digit, 1x3") << u"1-00-3"_s;
+        QTest::newRow("two digits, 1x4") << u"10-00-4"_s;
+        QTest::newRow("three digits, 1x5") << u"100-00-5"_s;
+        QTest::newRow("four digits, 1x6") << u"1000-00-6"_s;
+        QTest::newRow("five digits, 1x7") << u"10000-00-7"_s;
+        QTest::newRow("six digits, 1x8") << u"100000-00-8"_s;
+        QTest::newRow("seven digits, 1x9") << u"1000000-00-9"_s;
+        QTest::newRow("largest sum, 405") << u"9999999-99-5"_s;
+        QTest::newRow("sum divisible by ten") << u"50-00-0"_s;
+        QTest::newRow("all zeros") << u"0-00-0"_s;
     }
 
     void firstGroupHasOneToSevenDigits()
@@ -190,13 +192,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("digits");
         QTest::addColumn<QByteArray>("address");
         QTest::newRow("caffeine")
-            << QStringLiteral("58082")
+            << u"58082"_s
             << QByteArray("https://webbook.nist.gov/cgi/cbook.cgi?Struct=C58082&Type=Color");
         QTest::newRow("water")
-            << QStringLiteral("7732185")
+            << u"7732185"_s
             << QByteArray("https://webbook.nist.gov/cgi/cbook.cgi?Struct=C7732185&Type=Color");
         QTest::newRow("leading zero")
-            << QStringLiteral("0000")
+            << u"0000"_s
             << QByteArray("https://webbook.nist.gov/cgi/cbook.cgi?Struct=C0000&Type=Color");
     }
 
@@ -207,8 +209,8 @@ private Q_SLOTS:
         const QUrl url = structureImageUrl(digits);
         QVERIFY(url.isValid());
         QCOMPARE(url.toEncoded(), address);
-        QCOMPARE(url.scheme(), QStringLiteral("https"));
-        QCOMPARE(url.path(), QStringLiteral("/cgi/cbook.cgi"));
+        QCOMPARE(url.scheme(), u"https"_s);
+        QCOMPARE(url.path(), u"/cgi/cbook.cgi"_s);
     }
 };
 

@@ -8,6 +8,8 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QTextCharFormat aligned(QTextCharFormat::VerticalAlignment alignment)
@@ -48,18 +50,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("cleaned");
-        QTest::newRow("two empty paragraphs") << QStringLiteral("\n") << QStringLiteral("<br>");
-        QTest::newRow("three empty paragraphs")
-            << QStringLiteral("\n\n") << QStringLiteral("<br><br>");
-        QTest::newRow("two lines") << QStringLiteral("a\nb") << QStringLiteral("a<br>b");
-        QTest::newRow("empty line between")
-            << QStringLiteral("a\n\nb") << QStringLiteral("a<br><br>b");
-        QTest::newRow("empty line at the end") << QStringLiteral("a\n") << QStringLiteral("a<br>");
-        QTest::newRow("line separator") << QStringLiteral("a\u2028b") << QStringLiteral("a<br>b");
-        QTest::newRow("line separators around")
-            << QStringLiteral("\u2028a\u2028\u2028") << QStringLiteral("<br>a<br><br>");
-        QTest::newRow("both kinds")
-            << QStringLiteral("a\u2028b\nc") << QStringLiteral("a<br>b<br>c");
+        QTest::newRow("two empty paragraphs") << u"\n"_s << u"<br>"_s;
+        QTest::newRow("three empty paragraphs") << u"\n\n"_s << u"<br><br>"_s;
+        QTest::newRow("two lines") << u"a\nb"_s << u"a<br>b"_s;
+        QTest::newRow("empty line between") << u"a\n\nb"_s << u"a<br><br>b"_s;
+        QTest::newRow("empty line at the end") << u"a\n"_s << u"a<br>"_s;
+        QTest::newRow("line separator") << u"a\u2028b"_s << u"a<br>b"_s;
+        QTest::newRow("line separators around") << u"\u2028a\u2028\u2028"_s << u"<br>a<br><br>"_s;
+        QTest::newRow("both kinds") << u"a\u2028b\nc"_s << u"a<br>b<br>c"_s;
     }
 
     void paragraphsAreJoinedByLineBreaks()
@@ -73,9 +71,8 @@ private Q_SLOTS:
     void textIsNotEscaped()
     {
         QTextDocument document;
-        document.setPlainText(QStringLiteral("a < b > c & d &amp; \"e\" <b>f</b>"));
-        QCOMPARE(CleanedHtml::fromDocument(document),
-                 QStringLiteral("a < b > c & d &amp; \"e\" <b>f</b>"));
+        document.setPlainText(u"a < b > c & d &amp; \"e\" <b>f</b>"_s);
+        QCOMPARE(CleanedHtml::fromDocument(document), u"a < b > c & d &amp; \"e\" <b>f</b>"_s);
     }
 
     void onlyRaisedAndLoweredRunsGetTags_data()
@@ -94,16 +91,16 @@ private Q_SLOTS:
         underlined.setFontUnderline(true);
         QTextCharFormat link;
         link.setAnchor(true);
-        link.setAnchorHref(QStringLiteral("https://example.org"));
+        link.setAnchorHref(u"https://example.org"_s);
         QTextCharFormat boldRaised = aligned(QTextCharFormat::AlignSuperScript);
         boldRaised.setFontWeight(QFont::Bold);
 
-        const QString plain = QStringLiteral("a2b");
+        const QString plain = u"a2b"_s;
         QTest::newRow("superscript")
-            << aligned(QTextCharFormat::AlignSuperScript) << QStringLiteral("a<sup>2</sup>b");
+            << aligned(QTextCharFormat::AlignSuperScript) << u"a<sup>2</sup>b"_s;
         QTest::newRow("subscript")
-            << aligned(QTextCharFormat::AlignSubScript) << QStringLiteral("a<sub>2</sub>b");
-        QTest::newRow("bold superscript") << boldRaised << QStringLiteral("a<sup>2</sup>b");
+            << aligned(QTextCharFormat::AlignSubScript) << u"a<sub>2</sub>b"_s;
+        QTest::newRow("bold superscript") << boldRaised << u"a<sup>2</sup>b"_s;
         QTest::newRow("normal") << aligned(QTextCharFormat::AlignNormal) << plain;
         QTest::newRow("middle") << aligned(QTextCharFormat::AlignMiddle) << plain;
         QTest::newRow("top") << aligned(QTextCharFormat::AlignTop) << plain;
@@ -122,9 +119,9 @@ private Q_SLOTS:
         QFETCH(const QTextCharFormat, format);
         QTextDocument document;
         QTextCursor cursor(&document);
-        cursor.insertText(QStringLiteral("a"), QTextCharFormat());
-        cursor.insertText(QStringLiteral("2"), format);
-        cursor.insertText(QStringLiteral("b"), QTextCharFormat());
+        cursor.insertText(u"a"_s, QTextCharFormat());
+        cursor.insertText(u"2"_s, format);
+        cursor.insertText(u"b"_s, QTextCharFormat());
         QTEST(CleanedHtml::fromDocument(document), "cleaned");
     }
 
@@ -134,24 +131,20 @@ private Q_SLOTS:
         bold.setFontWeight(QFont::Bold);
         QTextDocument document;
         QTextCursor cursor(&document);
-        cursor.insertText(QStringLiteral("1"), aligned(QTextCharFormat::AlignSuperScript));
-        cursor.insertText(QStringLiteral("2"), bold);
-        QCOMPARE(CleanedHtml::fromDocument(document), QStringLiteral("<sup>1</sup><sup>2</sup>"));
+        cursor.insertText(u"1"_s, aligned(QTextCharFormat::AlignSuperScript));
+        cursor.insertText(u"2"_s, bold);
+        QCOMPARE(CleanedHtml::fromDocument(document), u"<sup>1</sup><sup>2</sup>"_s);
     }
 
     void raisedRunGetsTagsOnEveryLine_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("cleaned");
-        QTest::newRow("separator inside")
-            << QStringLiteral("1\u20282") << QStringLiteral("<sup>1</sup><br><sup>2</sup>");
+        QTest::newRow("separator inside") << u"1\u20282"_s << u"<sup>1</sup><br><sup>2</sup>"_s;
         QTest::newRow("empty part between")
-            << QStringLiteral("1\u2028\u20282")
-            << QStringLiteral("<sup>1</sup><br><sup></sup><br><sup>2</sup>");
-        QTest::newRow("separator alone")
-            << QStringLiteral("\u2028") << QStringLiteral("<sup></sup><br><sup></sup>");
-        QTest::newRow("paragraphs")
-            << QStringLiteral("1\n2") << QStringLiteral("<sup>1</sup><br><sup>2</sup>");
+            << u"1\u2028\u20282"_s << u"<sup>1</sup><br><sup></sup><br><sup>2</sup>"_s;
+        QTest::newRow("separator alone") << u"\u2028"_s << u"<sup></sup><br><sup></sup>"_s;
+        QTest::newRow("paragraphs") << u"1\n2"_s << u"<sup>1</sup><br><sup>2</sup>"_s;
     }
 
     void raisedRunGetsTagsOnEveryLine()
@@ -169,43 +162,35 @@ private Q_SLOTS:
         const auto stays = [](const char* name, const QString& text) {
             QTest::newRow(name) << text << text;
         };
-        stays("no tags", QStringLiteral("water"));
-        stays("sub", QStringLiteral("H<sub>2</sub>O"));
-        stays("sup", QStringLiteral("H<sup>+</sup>"));
-        stays("br", QStringLiteral("a<br>b"));
-        stays("sub with attribute", QStringLiteral("H<sub class=\"x\">2</sub>"));
-        stays("self-closing br", QStringLiteral("a<br/>b<br />c"));
-        stays("closing br", QStringLiteral("a</br>b"));
-        stays("sub with a hyphen", QStringLiteral("<sub-x>2</sub-x>"));
-        stays("entities", QStringLiteral("R&amp;D &lt;b&gt; &nbsp;"));
-        stays("greater-than alone", QStringLiteral("1 > 2"));
-        stays("less-than that is never closed", QStringLiteral("a < b"));
+        stays("no tags", u"water"_s);
+        stays("sub", u"H<sub>2</sub>O"_s);
+        stays("sup", u"H<sup>+</sup>"_s);
+        stays("br", u"a<br>b"_s);
+        stays("sub with attribute", u"H<sub class=\"x\">2</sub>"_s);
+        stays("self-closing br", u"a<br/>b<br />c"_s);
+        stays("closing br", u"a</br>b"_s);
+        stays("sub with a hyphen", u"<sub-x>2</sub-x>"_s);
+        stays("entities", u"R&amp;D &lt;b&gt; &nbsp;"_s);
+        stays("greater-than alone", u"1 > 2"_s);
+        stays("less-than that is never closed", u"a < b"_s);
 
-        QTest::newRow("b") << QStringLiteral("a<b>b</b>c") << QStringLiteral("abc");
+        QTest::newRow("b") << u"a<b>b</b>c"_s << u"abc"_s;
         QTest::newRow("span with attributes")
-            << QStringLiteral("a<span style=\"color:red\" id='x'>b</span>c")
-            << QStringLiteral("abc");
-        QTest::newRow("upper-case br") << QStringLiteral("a<BR>b") << QStringLiteral("ab");
-        QTest::newRow("upper-case sub")
-            << QStringLiteral("a<SUB>2</Sub>b") << QStringLiteral("a2b");
-        QTest::newRow("subscript")
-            << QStringLiteral("a<subscript>2</subscript>b") << QStringLiteral("a2b");
-        QTest::newRow("broken") << QStringLiteral("a<broken>b") << QStringLiteral("ab");
-        QTest::newRow("sub1") << QStringLiteral("a<sub1>b") << QStringLiteral("ab");
-        QTest::newRow("blank before the name")
-            << QStringLiteral("a< sub>b") << QStringLiteral("ab");
-        QTest::newRow("blank after the stroke")
-            << QStringLiteral("a</ sub>b") << QStringLiteral("ab");
-        QTest::newRow("foreign around kept")
-            << QStringLiteral("<i><sub>2</sub></i>") << QStringLiteral("<sub>2</sub>");
-        QTest::newRow("comment") << QStringLiteral("a<!-- x -->b") << QStringLiteral("ab");
-        QTest::newRow("empty tag") << QStringLiteral("a<>b") << QStringLiteral("ab");
-        QTest::newRow("across lines") << QStringLiteral("a<b\nc>d") << QStringLiteral("ad");
-        QTest::newRow("less-than before a greater-than")
-            << QStringLiteral("1 < 2 and 3 > 2") << QStringLiteral("1  2");
-        QTest::newRow("less-than before a kept tag")
-            << QStringLiteral("a < b<sub>2</sub>") << QStringLiteral("a 2</sub>");
-        QTest::newRow("only one pass") << QStringLiteral("<<b>b>") << QStringLiteral("b>");
+            << u"a<span style=\"color:red\" id='x'>b</span>c"_s << u"abc"_s;
+        QTest::newRow("upper-case br") << u"a<BR>b"_s << u"ab"_s;
+        QTest::newRow("upper-case sub") << u"a<SUB>2</Sub>b"_s << u"a2b"_s;
+        QTest::newRow("subscript") << u"a<subscript>2</subscript>b"_s << u"a2b"_s;
+        QTest::newRow("broken") << u"a<broken>b"_s << u"ab"_s;
+        QTest::newRow("sub1") << u"a<sub1>b"_s << u"ab"_s;
+        QTest::newRow("blank before the name") << u"a< sub>b"_s << u"ab"_s;
+        QTest::newRow("blank after the stroke") << u"a</ sub>b"_s << u"ab"_s;
+        QTest::newRow("foreign around kept") << u"<i><sub>2</sub></i>"_s << u"<sub>2</sub>"_s;
+        QTest::newRow("comment") << u"a<!-- x -->b"_s << u"ab"_s;
+        QTest::newRow("empty tag") << u"a<>b"_s << u"ab"_s;
+        QTest::newRow("across lines") << u"a<b\nc>d"_s << u"ad"_s;
+        QTest::newRow("less-than before a greater-than") << u"1 < 2 and 3 > 2"_s << u"1  2"_s;
+        QTest::newRow("less-than before a kept tag") << u"a < b<sub>2</sub>"_s << u"a 2</sub>"_s;
+        QTest::newRow("only one pass") << u"<<b>b>"_s << u"b>"_s;
     }
 
     void filterRemovesTagsOtherThanSubSupAndBr()
@@ -222,8 +207,8 @@ private Q_SLOTS:
               "<span style=\" vertical-align:sub; color:#ff0000;\">2</span>", "<p>a</p><p>b</p>",
               "<table><tr><td>1</td><td>2</td></tr></table>"})
             QTest::newRow(*text == '\0' ? "empty" : text) << QString::fromLatin1(text);
-        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV");
-        QTest::newRow("outside Latin 1") << QStringLiteral("\u03b1-pinene \u2192 \U0001F9EA");
+        QTest::newRow("no-break space") << u"1\u00a0eV"_s;
+        QTest::newRow("outside Latin 1") << u"\u03b1-pinene \u2192 \U0001F9EA"_s;
     }
 
     void readerGetsTextWithoutBareLessThanUntouched()
@@ -259,10 +244,8 @@ private Q_SLOTS:
         row("<?", "&lt;?");
         row("</", "&lt;/");
         row("> <a", "> &lt;a");
-        QTest::newRow("letter outside ASCII")
-            << QStringLiteral("<\u03b1>") << QStringLiteral("&lt;\u03b1>");
-        QTest::newRow("no-break space")
-            << QStringLiteral("<\u00a05>") << QStringLiteral("&lt;\u00a05>");
+        QTest::newRow("letter outside ASCII") << u"<\u03b1>"_s << u"&lt;\u03b1>"_s;
+        QTest::newRow("no-break space") << u"<\u00a05>"_s << u"&lt;\u00a05>"_s;
     }
 
     void readerGetsBareLessThanAsText()
@@ -301,8 +284,8 @@ private Q_SLOTS:
                                  "a<b and c<sup>2</sup>",
                                  "<-- not a comment"})
             QTest::newRow(*text == '\0' ? "empty" : text) << QString::fromLatin1(text);
-        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV \u00b1\u00a00.1");
-        QTest::newRow("outside Latin 1") << QStringLiteral("\u03b1-pinene \u2192 \U0001F9EA");
+        QTest::newRow("no-break space") << u"1\u00a0eV \u00b1\u00a00.1"_s;
+        QTest::newRow("outside Latin 1") << u"\u03b1-pinene \u2192 \U0001F9EA"_s;
     }
 
     void textComesBackCharacterForCharacter()
@@ -344,13 +327,13 @@ private Q_SLOTS:
     void manyParagraphsListItemsAndCellsKeepTheirPlaces()
     {
         QCOMPARE(throughTheReader(repeated("<p>a", 300)), repeated("a<br>", 299) + u'a');
-        const QString items = QStringLiteral("<ul>") + repeated("<li>a", 200) + u"</ul>";
+        const QString items = u"<ul>"_s + repeated("<li>a", 200) + u"</ul>";
         QCOMPARE(throughTheReader(items), repeated("a<br>", 199) + u'a');
-        QCOMPARE(throughTheReader(QStringLiteral("x<table><tr><td>a<td>b<tr><td>c</table>y")),
-                 throughTheReader(QStringLiteral("x<table><tr><td>a</td><td>b</td></tr>"
-                                                 "<tr><td>c</td></tr></table>y")));
-        QVERIFY(throughTheReader(QStringLiteral("<table><tr><td>a<td>b<tr><td>c</table>"))
-                    .contains(u"a<br>b<br>c"));
+        QCOMPARE(throughTheReader(u"x<table><tr><td>a<td>b<tr><td>c</table>y"_s),
+                 throughTheReader(u"x<table><tr><td>a</td><td>b</td></tr>"
+                                  "<tr><td>c</td></tr></table>y"_s));
+        QVERIFY(
+            throughTheReader(u"<table><tr><td>a<td>b<tr><td>c</table>"_s).contains(u"a<br>b<br>c"));
     }
 
     void longRunsOfMarkupStayWhole()
@@ -381,7 +364,7 @@ private Q_SLOTS:
         QTest::newRow("name with an entity") << repeated("<t&#97;ble><tr><td>", 40);
         QTest::newRow("name that is an entity at its end") << repeated("<tabl&#101;><tr><td>", 40);
         QTest::newRow("closing an element that a cell has ended")
-            << QStringLiteral("<table><tr><td>") + repeated("<b><td><table><tr><td></b>", 40);
+            << u"<table><tr><td>"_s + repeated("<b><td><table><tr><td></b>", 40);
         QTest::newRow("closing an element around the table")
             << repeated("<p><table><tr><td></p>", 40);
         QTest::newRow("self-closing") << repeated("<table/><tr/><td/>", 40);
@@ -392,10 +375,8 @@ private Q_SLOTS:
         QTest::newRow("divisions not really closed") << repeated("<div></div-x>", 50000);
         QTest::newRow("cells without a table") << repeated("<td>", 40);
         QTest::newRow("self-closing cells without a table") << repeated("<td/>", 40);
-        QTest::newRow("cells behind their row")
-            << QStringLiteral("<table>") + repeated("<tr></tr><td>", 40);
-        QTest::newRow("cells whose row was closed")
-            << QStringLiteral("<table><tr>") + repeated("</tr><td>", 40);
+        QTest::newRow("cells behind their row") << u"<table>"_s + repeated("<tr></tr><td>", 40);
+        QTest::newRow("cells whose row was closed") << u"<table><tr>"_s + repeated("</tr><td>", 40);
         QTest::newRow("rows whose table was closed") << repeated("<tr></table><td></tr>", 40);
         QTest::newRow("name before an equals sign") << repeated("<table=x><tr=x><td=x>", 40);
         QTest::newRow("name before another tag") << repeated("<table<x><tr<x><td<x>", 40);
@@ -409,7 +390,7 @@ private Q_SLOTS:
             << QString(repeated("<sup>", 64) + u"<b x=\">" + repeated("</sup>", 64) + u"\">")
                    .repeated(1000);
         QTest::newRow("cells in definitions")
-            << QStringLiteral("<dl><table><tr>") + repeated("<dd></dd><td></tr>", 40);
+            << u"<dl><table><tr>"_s + repeated("<dd></dd><td></tr>", 40);
         QTest::newRow("processing instructions") << repeated("<?a>", 50000);
         QTest::newRow("paragraphs that end an element")
             << repeated("<b><p><div><div><div><div><div><div><div><div></b>", 8000);

@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A field between two others, shown and with the focus.
@@ -102,7 +104,7 @@ private Q_SLOTS:
              {"", "water", "H<sub>2</sub>O", "H<sub>3</sub>O<sup>+</sup>", "a<br>b<br>c",
               "<sup>2</sup>P<sub>3/2</sub><br>R&D", "resolution < 10 meV", "<", "a<b", "1 > 2"})
             QTest::newRow(html) << QString::fromLatin1(html);
-        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV");
+        QTest::newRow("no-break space") << u"1\u00a0eV"_s;
     }
 
     void loadedContentReadsBackTheSame()
@@ -118,15 +120,15 @@ private Q_SLOTS:
     void propertyLoadsAndReadsTheSameContent()
     {
         CleanTextEdit field;
-        QVERIFY(field.setProperty("cleanedHtml", QStringLiteral("H<sub>2</sub>O")));
-        QCOMPARE(field.toPlainText(), QStringLiteral("H2O"));
-        QCOMPARE(field.property("cleanedHtml").toString(), QStringLiteral("H<sub>2</sub>O"));
+        QVERIFY(field.setProperty("cleanedHtml", u"H<sub>2</sub>O"_s));
+        QCOMPARE(field.toPlainText(), u"H2O"_s);
+        QCOMPARE(field.property("cleanedHtml").toString(), u"H<sub>2</sub>O"_s);
     }
 
     void loadedMarkupRaisesAndLowersCharacters()
     {
         CleanTextEdit field;
-        field.setCleanedHtml(QStringLiteral("a<sup>b</sup><sub>c</sub>"));
+        field.setCleanedHtml(u"a<sup>b</sup><sub>c</sub>"_s);
         QTextCursor cursor = field.textCursor();
         cursor.setPosition(1);
         QCOMPARE(cursor.charFormat().verticalAlignment(), QTextCharFormat::AlignNormal);
@@ -139,17 +141,17 @@ private Q_SLOTS:
     void loadedLineBreakStaysInsideTheParagraph()
     {
         CleanTextEdit field;
-        field.setCleanedHtml(QStringLiteral("a<br>b"));
+        field.setCleanedHtml(u"a<br>b"_s);
         QCOMPARE(field.document()->blockCount(), 1);
-        QCOMPARE(field.toPlainText(), QStringLiteral("a\nb"));
+        QCOMPARE(field.toPlainText(), u"a\nb"_s);
     }
 
     void loadingReplacesAllContent()
     {
         CleanTextEdit field;
-        field.setCleanedHtml(QStringLiteral("first<br>second"));
-        field.setCleanedHtml(QStringLiteral("third"));
-        QCOMPARE(field.cleanedHtml(), QStringLiteral("third"));
+        field.setCleanedHtml(u"first<br>second"_s);
+        field.setCleanedHtml(u"third"_s);
+        QCOMPARE(field.cleanedHtml(), u"third"_s);
         field.setCleanedHtml(QString());
         QCOMPARE(field.cleanedHtml(), QString());
     }
@@ -159,10 +161,10 @@ private Q_SLOTS:
         Form form;
         QVERIFY(form.show());
         const QSignalSpy changes(form.field, &CleanTextEdit::cleanedHtmlChanged);
-        form.field->setCleanedHtml(QStringLiteral("a"));
+        form.field->setCleanedHtml(u"a"_s);
         QVERIFY(changes.count() > 0);
         const auto afterLoading = changes.count();
-        QTest::keyClicks(form.field, QStringLiteral("bc"));
+        QTest::keyClicks(form.field, u"bc"_s);
         QCOMPARE(changes.count(), afterLoading + 2);
         QTest::keyClick(form.field, Qt::Key_Left);
         QCOMPARE(changes.count(), afterLoading + 2);
@@ -174,8 +176,8 @@ private Q_SLOTS:
         QString seen;
         connect(&field, &CleanTextEdit::cleanedHtmlChanged, this,
                 [&] { seen = field.cleanedHtml(); });
-        QTest::keyClicks(&field, QStringLiteral("a"));
-        QCOMPARE(seen, QStringLiteral("a"));
+        QTest::keyClicks(&field, u"a"_s);
+        QCOMPARE(seen, u"a"_s);
     }
 
     void enterStartsANewLine_data()
@@ -196,20 +198,20 @@ private Q_SLOTS:
         const auto breakLine = [&] {
             QTest::keyClick(form.field, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
         };
-        QTest::keyClicks(form.field, QStringLiteral("one"));
+        QTest::keyClicks(form.field, u"one"_s);
         breakLine();
-        QTest::keyClicks(form.field, QStringLiteral("two"));
+        QTest::keyClicks(form.field, u"two"_s);
         breakLine();
-        QTest::keyClicks(form.field, QStringLiteral("three"));
-        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("one<br>two<br>three"));
+        QTest::keyClicks(form.field, u"three"_s);
+        QCOMPARE(form.field->cleanedHtml(), u"one<br>two<br>three"_s);
     }
 
     void typedSpecialCharactersAreNotEscaped()
     {
         Form form;
         QVERIFY(form.show());
-        QTest::keyClicks(form.field, QStringLiteral("a < b & c > d <i>"));
-        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("a < b & c > d <i>"));
+        QTest::keyClicks(form.field, u"a < b & c > d <i>"_s);
+        QCOMPARE(form.field->cleanedHtml(), u"a < b & c > d <i>"_s);
     }
 
     void typedFormattingIsDropped()
@@ -219,9 +221,9 @@ private Q_SLOTS:
         form.field->setFontWeight(QFont::Bold);
         form.field->setFontItalic(true);
         form.field->setTextColor(Qt::red);
-        QTest::keyClicks(form.field, QStringLiteral("loud"));
+        QTest::keyClicks(form.field, u"loud"_s);
         QCOMPARE(form.field->fontWeight(), int(QFont::Bold));
-        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("loud"));
+        QCOMPARE(form.field->cleanedHtml(), u"loud"_s);
     }
 
     void tabMovesTheFocus()
@@ -240,10 +242,9 @@ private Q_SLOTS:
     {
         Form form;
         QVERIFY(form.show());
-        copyRichText(QStringLiteral("<p><b>one</b> <sup>1</sup></p><p>two</p>"),
-                     QStringLiteral("one 1\ntwo"));
+        copyRichText(u"<p><b>one</b> <sup>1</sup></p><p>two</p>"_s, u"one 1\ntwo"_s);
         QTest::keyClick(form.field, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("one 1<br>two"));
+        QCOMPARE(form.field->cleanedHtml(), u"one 1<br>two"_s);
         QCOMPARE(form.field->document()->blockCount(), 2);
         QCOMPARE(form.field->fontWeight(), int(QFont::Normal));
     }
@@ -252,12 +253,12 @@ private Q_SLOTS:
     {
         Form form;
         QVERIFY(form.show());
-        form.field->setCleanedHtml(QStringLiteral("H<sub>2</sub>O"));
+        form.field->setCleanedHtml(u"H<sub>2</sub>O"_s);
         QTest::keyClick(form.field, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(form.field, Qt::Key_C, Qt::ControlModifier);
         QTest::keyClick(form.field, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClick(form.field, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(form.field->cleanedHtml(), QStringLiteral("H<sub>2</sub>OH2O"));
+        QCOMPARE(form.field->cleanedHtml(), u"H<sub>2</sub>OH2O"_s);
     }
 };
 

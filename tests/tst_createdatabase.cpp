@@ -22,12 +22,14 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr QLatin1String targetCaption("Database will be saved to...");
-constexpr QLatin1String speciesCaption("Select JSON Files to be added to the database");
-constexpr QLatin1String noSpecies("At least one species has to be added to the database.");
-constexpr QLatin1String noTarget("Where shall I save the database to? (Click on Set database)");
+constexpr QLatin1StringView targetCaption("Database will be saved to...");
+constexpr QLatin1StringView speciesCaption("Select JSON Files to be added to the database");
+constexpr QLatin1StringView noSpecies("At least one species has to be added to the database.");
+constexpr QLatin1StringView noTarget("Where shall I save the database to? (Click on Set database)");
 
 } // namespace
 
@@ -58,8 +60,8 @@ private Q_SLOTS:
 
     void dialogIsNamedAndSized()
     {
-        QCOMPARE(dialog->objectName(), QStringLiteral("CreateDatabase"));
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Create database"));
+        QCOMPARE(dialog->objectName(), u"CreateDatabase"_s);
+        QCOMPARE(dialog->windowTitle(), u"Create database"_s);
         QCOMPARE(CreateDatabase(nullptr).size(), QSize(724, 495));
     }
 
@@ -111,11 +113,11 @@ private Q_SLOTS:
         for (int index = 0; index < row->count(); ++index) {
             const auto* button = qobject_cast<QPushButton*>(row->itemAt(index)->widget());
             QVERIFY(button != nullptr);
-            buttons.append(QLatin1String("%1: %2").arg(button->objectName(), button->text()));
+            buttons.append("%1: %2"_L1.arg(button->objectName(), button->text()));
         }
-        QCOMPARE(buttons, QStringList({QStringLiteral("pushButton: Set database"),
-                                       QStringLiteral("pushButton_2: Add species"),
-                                       QStringLiteral("pushButton_3: Clear files")}));
+        QCOMPARE(buttons,
+                 QStringList({u"pushButton: Set database"_s, u"pushButton_2: Add species"_s,
+                              u"pushButton_3: Clear files"_s}));
     }
 
     void formStandsAboveOkAndCancel()
@@ -123,20 +125,20 @@ private Q_SLOTS:
         auto* layout = TestSupport::child<QVBoxLayout>(*dialog, "verticalLayout");
         QCOMPARE(dialog->layout(), layout);
         QCOMPARE(layout->count(), 2);
-        QCOMPARE(layout->itemAt(0)->layout()->objectName(), QStringLiteral("formLayout"));
+        QCOMPARE(layout->itemAt(0)->layout()->objectName(), u"formLayout"_s);
         const auto* buttonBox = qobject_cast<QDialogButtonBox*>(layout->itemAt(1)->widget());
         QVERIFY(buttonBox != nullptr);
-        QCOMPARE(buttonBox->objectName(), QStringLiteral("buttonBox"));
+        QCOMPARE(buttonBox->objectName(), u"buttonBox"_s);
         QCOMPARE(buttonBox->orientation(), Qt::Horizontal);
         QCOMPARE(buttonBox->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     }
 
     void fieldsStartWithUsefulTexts()
     {
-        QCOMPARE(dialog->databaseVersion(), QStringLiteral("1.0"));
-        QCOMPARE(dialog->dataRelease(), QStringLiteral("3.0"));
+        QCOMPARE(dialog->databaseVersion(), u"1.0"_s);
+        QCOMPARE(dialog->dataRelease(), u"3.0"_s);
         QVERIFY(!dialog->title().trimmed().isEmpty());
-        QVERIFY(!dialog->title().contains(QLatin1Char('\n')));
+        QVERIFY(!dialog->title().contains(u'\n'));
         QVERIFY(dialog->files().isEmpty());
         QVERIFY(dialog->databaseFileName().isEmpty());
         QVERIFY(!dialog->isCompact());
@@ -146,17 +148,15 @@ private Q_SLOTS:
 
     void typedValuesAreReadBack()
     {
-        TestSupport::typeInto(*TestSupport::child<QLineEdit>(*dialog, "lineEdit"),
-                              QStringLiteral("2.1 beta"));
-        TestSupport::typeInto(*TestSupport::child<QLineEdit>(*dialog, "lineEdit_2"),
-                              QStringLiteral("4.0"));
+        TestSupport::typeInto(*TestSupport::child<QLineEdit>(*dialog, "lineEdit"), u"2.1 beta"_s);
+        TestSupport::typeInto(*TestSupport::child<QLineEdit>(*dialog, "lineEdit_2"), u"4.0"_s);
         TestSupport::typeInto(*TestSupport::child<QLineEdit>(*dialog, "lineEdit_3"),
-                              QStringLiteral(" Spectra <i>of</i> 2026 "));
+                              u" Spectra <i>of</i> 2026 "_s);
         auto* compact = TestSupport::child<QCheckBox>(*dialog, "checkBox");
         QTest::mouseClick(compact, Qt::LeftButton, Qt::NoModifier, {8, compact->height() / 2});
-        QCOMPARE(dialog->databaseVersion(), QStringLiteral("2.1 beta"));
-        QCOMPARE(dialog->dataRelease(), QStringLiteral("4.0"));
-        QCOMPARE(dialog->title(), QStringLiteral(" Spectra <i>of</i> 2026 "));
+        QCOMPARE(dialog->databaseVersion(), u"2.1 beta"_s);
+        QCOMPARE(dialog->dataRelease(), u"4.0"_s);
+        QCOMPARE(dialog->title(), u" Spectra <i>of</i> 2026 "_s);
         QVERIFY(dialog->isCompact());
     }
 
@@ -168,10 +168,10 @@ private Q_SLOTS:
 
     void targetIsShownWithoutItsFolder()
     {
-        const QString target = sandbox->path(QStringLiteral("all.json"));
+        const QString target = sandbox->path(u"all.json"_s);
         chooseTarget(target);
         QCOMPARE(dialog->databaseFileName(), target);
-        QCOMPARE(shownTarget(), QStringLiteral("all.json"));
+        QCOMPARE(shownTarget(), u"all.json"_s);
         QVERIFY(!QFile::exists(target));
     }
 
@@ -181,9 +181,9 @@ private Q_SLOTS:
             auto* chooser = qobject_cast<QFileDialog*>(&widget);
             if (chooser == nullptr || chooser->windowTitle() != targetCaption ||
                 chooser->acceptMode() != QFileDialog::AcceptSave ||
-                chooser->nameFilters() != QStringList(QStringLiteral("JSON Files (*.json)")) ||
+                chooser->nameFilters() != QStringList(u"JSON Files (*.json)"_s) ||
                 chooser->directory() != QDir(sandbox->path()))
-                script->complain(QStringLiteral("another file dialog was expected"));
+                script->complain(u"another file dialog was expected"_s);
             widget.close();
         });
         clickSetDatabase();
@@ -191,15 +191,13 @@ private Q_SLOTS:
 
     void targetDialogOpensOnThePreviousChoice()
     {
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("out")));
-        chooseTarget(sandbox->path(QStringLiteral("out/all.json")));
+        QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
+        chooseTarget(sandbox->path(u"out/all.json"_s));
         script->expect([this](QWidget& widget) {
             auto* chooser = qobject_cast<QFileDialog*>(&widget);
-            if (chooser == nullptr ||
-                chooser->directory() != QDir(sandbox->path(QStringLiteral("out"))) ||
-                TestSupport::child<QLineEdit>(*chooser, "fileNameEdit")->text() !=
-                    QLatin1String("all.json"))
-                script->complain(QStringLiteral("the dialog opens elsewhere"));
+            if (chooser == nullptr || chooser->directory() != QDir(sandbox->path(u"out"_s)) ||
+                TestSupport::child<QLineEdit>(*chooser, "fileNameEdit")->text() != "all.json"_L1)
+                script->complain(u"the dialog opens elsewhere"_s);
             widget.close();
         });
         clickSetDatabase();
@@ -207,8 +205,8 @@ private Q_SLOTS:
 
     void cancellingTheTargetForgetsIt()
     {
-        addFiles({QStringLiteral("a.json")});
-        chooseTarget(sandbox->path(QStringLiteral("all.json")));
+        addFiles({u"a.json"_s});
+        chooseTarget(sandbox->path(u"all.json"_s));
         chooseTarget({});
         QCOMPARE(dialog->databaseFileName(), QString());
         QCOMPARE(shownTarget(), QString());
@@ -225,9 +223,9 @@ private Q_SLOTS:
             if (chooser == nullptr || chooser->windowTitle() != speciesCaption ||
                 chooser->fileMode() != QFileDialog::ExistingFiles ||
                 chooser->acceptMode() != QFileDialog::AcceptOpen ||
-                chooser->nameFilters() != QStringList(QStringLiteral("JSON Files (*.json)")) ||
+                chooser->nameFilters() != QStringList(u"JSON Files (*.json)"_s) ||
                 chooser->directory() != QDir(sandbox->path()))
-                script->complain(QStringLiteral("another file dialog was expected"));
+                script->complain(u"another file dialog was expected"_s);
             widget.close();
         });
         clickAddSpecies();
@@ -236,9 +234,9 @@ private Q_SLOTS:
 
     void speciesDialogAlwaysOpensInTheLastFolder()
     {
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("out")));
-        chooseTarget(sandbox->path(QStringLiteral("out/all.json")));
-        const QString elsewhere = sandbox->write(QStringLiteral("out/a.json"), "{}");
+        QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
+        chooseTarget(sandbox->path(u"out/all.json"_s));
+        const QString elsewhere = sandbox->write(u"out/a.json"_s, "{}");
         script->expectFileDialog(speciesCaption, elsewhere, sandbox->path());
         clickAddSpecies();
         script->expectFileDialog(speciesCaption, {}, sandbox->path());
@@ -249,65 +247,64 @@ private Q_SLOTS:
 
     void filesAreListedInTheOrderAddedWithoutTheirFolder()
     {
-        addFiles({QStringLiteral("b.json"), QStringLiteral("a.json")});
-        addFiles({QStringLiteral("B10.json")});
-        QCOMPARE(dialog->files(), QStringList({sandbox->path(QStringLiteral("b.json")),
-                                               sandbox->path(QStringLiteral("a.json")),
-                                               sandbox->path(QStringLiteral("B10.json"))}));
-        QCOMPARE(shownFiles(), QStringList({QStringLiteral("b.json"), QStringLiteral("a.json"),
-                                            QStringLiteral("B10.json")}));
+        addFiles({u"b.json"_s, u"a.json"_s});
+        addFiles({u"B10.json"_s});
+        QCOMPARE(dialog->files(),
+                 QStringList({sandbox->path(u"b.json"_s), sandbox->path(u"a.json"_s),
+                              sandbox->path(u"B10.json"_s)}));
+        QCOMPARE(shownFiles(), QStringList({u"b.json"_s, u"a.json"_s, u"B10.json"_s}));
     }
 
     void sameFileCanBeAddedTwice()
     {
-        addFiles({QStringLiteral("a.json")});
-        addFiles({QStringLiteral("a.json")});
-        const QString path = sandbox->path(QStringLiteral("a.json"));
+        addFiles({u"a.json"_s});
+        addFiles({u"a.json"_s});
+        const QString path = sandbox->path(u"a.json"_s);
         QCOMPARE(dialog->files(), QStringList({path, path}));
-        QCOMPARE(shownFiles(), QStringList({QStringLiteral("a.json"), QStringLiteral("a.json")}));
+        QCOMPARE(shownFiles(), QStringList({u"a.json"_s, u"a.json"_s}));
     }
 
     void contentOfTheFilesIsNotLookedAt()
     {
-        sandbox->write(QStringLiteral("a.json"), "no JSON at all");
-        script->expectFileDialog(speciesCaption, sandbox->path(QStringLiteral("a.json")));
+        sandbox->write(u"a.json"_s, "no JSON at all");
+        script->expectFileDialog(speciesCaption, sandbox->path(u"a.json"_s));
         clickAddSpecies();
-        QCOMPARE(shownFiles(), QStringList(QStringLiteral("a.json")));
+        QCOMPARE(shownFiles(), QStringList(u"a.json"_s));
     }
 
     void cancellingTheSpeciesDialogKeepsTheList()
     {
-        addFiles({QStringLiteral("a.json")});
+        addFiles({u"a.json"_s});
         script->expectFileDialog(speciesCaption, {});
         clickAddSpecies();
-        QCOMPARE(shownFiles(), QStringList(QStringLiteral("a.json")));
-        QCOMPARE(dialog->files(), QStringList(sandbox->path(QStringLiteral("a.json"))));
+        QCOMPARE(shownFiles(), QStringList(u"a.json"_s));
+        QCOMPARE(dialog->files(), QStringList(sandbox->path(u"a.json"_s)));
     }
 
     void namesThatLookLikeMarkupAreShownAsTyped()
     {
-        const QString name = QStringLiteral("<b>bold<img src='x'>.json");
+        const QString name = u"<b>bold<img src='x'>.json"_s;
         addFiles({name});
-        chooseTarget(sandbox->path(QLatin1String("out ") + name));
+        chooseTarget(sandbox->path("out "_L1 + name));
         QCOMPARE(shownFiles(), QStringList(name));
-        QCOMPARE(shownTarget(), QLatin1String("out ") + name);
+        QCOMPARE(shownTarget(), "out "_L1 + name);
         QCOMPARE(TestSupport::child<QLabel>(*dialog, "label_5")->textFormat(), Qt::PlainText);
     }
 
     void clearFilesForgetsTheTargetToo()
     {
-        addFiles({QStringLiteral("a.json"), QStringLiteral("b.json")});
-        chooseTarget(sandbox->path(QStringLiteral("all.json")));
+        addFiles({u"a.json"_s, u"b.json"_s});
+        chooseTarget(sandbox->path(u"all.json"_s));
         click("pushButton_3");
         QVERIFY(dialog->files().isEmpty());
         QVERIFY(shownFiles().isEmpty());
         QCOMPARE(dialog->databaseFileName(), QString());
         QCOMPARE(shownTarget(), QString());
-        QVERIFY(QFile::exists(sandbox->path(QStringLiteral("a.json"))));
+        QVERIFY(QFile::exists(sandbox->path(u"a.json"_s)));
 
         expectWarning(noSpecies);
         clickOk();
-        addFiles({QStringLiteral("a.json")});
+        addFiles({u"a.json"_s});
         expectWarning(noTarget);
         clickOk();
         QVERIFY(dialog->isVisible());
@@ -315,10 +312,10 @@ private Q_SLOTS:
 
     void clearFilesKeepsTheHeaderAndTheFormat()
     {
-        TestSupport::child<QLineEdit>(*dialog, "lineEdit")->setText(QStringLiteral("9"));
+        TestSupport::child<QLineEdit>(*dialog, "lineEdit")->setText(u"9"_s);
         TestSupport::child<QCheckBox>(*dialog, "checkBox")->setChecked(true);
         click("pushButton_3");
-        QCOMPARE(dialog->databaseVersion(), QStringLiteral("9"));
+        QCOMPARE(dialog->databaseVersion(), u"9"_s);
         QVERIFY(dialog->isCompact());
     }
 
@@ -328,7 +325,7 @@ private Q_SLOTS:
         expectWarning(noSpecies);
         clickOk();
         QVERIFY(dialog->isVisible());
-        chooseTarget(sandbox->path(QStringLiteral("all.json")));
+        chooseTarget(sandbox->path(u"all.json"_s));
         expectWarning(noSpecies);
         clickOk();
         QVERIFY(dialog->isVisible());
@@ -338,7 +335,7 @@ private Q_SLOTS:
     void okAsksForTheTargetNext()
     {
         const QSignalSpy accepted(dialog.get(), &QDialog::accepted);
-        addFiles({QStringLiteral("a.json")});
+        addFiles({u"a.json"_s});
         expectWarning(noTarget);
         clickOk();
         QVERIFY(dialog->isVisible());
@@ -348,8 +345,8 @@ private Q_SLOTS:
     void okWithFilesAndTargetAccepts()
     {
         const QSignalSpy accepted(dialog.get(), &QDialog::accepted);
-        addFiles({QStringLiteral("a.json")});
-        chooseTarget(sandbox->path(QStringLiteral("all.json")));
+        addFiles({u"a.json"_s});
+        chooseTarget(sandbox->path(u"all.json"_s));
         clickOk();
         QCOMPARE(accepted.count(), 1);
         QCOMPARE(dialog->result(), int(QDialog::Accepted));
@@ -376,19 +373,19 @@ private Q_SLOTS:
 
     void entriesSurviveBothWaysOfClosing()
     {
-        TestSupport::child<QLineEdit>(*dialog, "lineEdit_3")->setText(QStringLiteral("Mine"));
+        TestSupport::child<QLineEdit>(*dialog, "lineEdit_3")->setText(u"Mine"_s);
         TestSupport::child<QCheckBox>(*dialog, "checkBox")->setChecked(true);
-        addFiles({QStringLiteral("a.json")});
-        const QString target = sandbox->path(QStringLiteral("all.json"));
+        addFiles({u"a.json"_s});
+        const QString target = sandbox->path(u"all.json"_s);
         chooseTarget(target);
         for (const auto button : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
             clickButton(button);
             QVERIFY(!dialog->isVisible());
             QVERIFY(TestSupport::showActive(*dialog));
-            QCOMPARE(dialog->title(), QStringLiteral("Mine"));
+            QCOMPARE(dialog->title(), u"Mine"_s);
             QVERIFY(dialog->isCompact());
-            QCOMPARE(shownFiles(), QStringList(QStringLiteral("a.json")));
-            QCOMPARE(shownTarget(), QStringLiteral("all.json"));
+            QCOMPARE(shownFiles(), QStringList(u"a.json"_s));
+            QCOMPARE(shownTarget(), u"all.json"_s);
             QCOMPARE(dialog->databaseFileName(), target);
         }
     }
@@ -420,15 +417,15 @@ private:
         QStringList quoted;
         for (const QString& name : names) {
             const QString path = sandbox->write(name, TestSupport::speciesFile(name));
-            quoted.append(QLatin1Char('"') + path + QLatin1Char('"'));
+            quoted.append(u'"' + path + u'"');
         }
-        script->expectFileDialog(speciesCaption, quoted.join(QLatin1Char(' ')));
+        script->expectFileDialog(speciesCaption, quoted.join(u' '));
         clickAddSpecies();
     }
 
     void expectWarning(const QString& text)
     {
-        script->expectBox(QMessageBox::Warning, QStringLiteral("Error"), text);
+        script->expectBox(QMessageBox::Warning, u"Error"_s, text);
     }
 
     [[nodiscard]] QString shownTarget() const

@@ -18,6 +18,8 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// As a person might have edited it: keys in any order, one that the program does not know.
@@ -72,7 +74,7 @@ constexpr auto indentedDatabase = "{\n"
 
 QByteArray onDay(const char* text, const QDate& day)
 {
-    return QByteArray(text).replace("@day@", day.toString(QStringLiteral("yyyy-MM-dd")).toLatin1());
+    return QByteArray(text).replace("@day@", day.toString(u"yyyy-MM-dd"_s).toLatin1());
 }
 
 } // namespace
@@ -95,23 +97,22 @@ private Q_SLOTS:
     {
         QFETCH(const bool, compact);
         QFETCH(const QByteArray, text);
-        sandbox->write(QStringLiteral("water.json"), waterFile);
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
+        sandbox->write(u"water.json"_s, waterFile);
+        sandbox->write(u"helium.json"_s, heliumFile);
         dialogs->expect([this, compact](QWidget& widget) {
-            TestSupport::child<QLineEdit>(widget, "lineEdit")->setText(QStringLiteral("1.1"));
-            TestSupport::child<QLineEdit>(widget, "lineEdit_2")->setText(QStringLiteral("4.0"));
-            TestSupport::child<QLineEdit>(widget, "lineEdit_3")
-                ->setText(QStringLiteral("Test & \"try\""));
+            TestSupport::child<QLineEdit>(widget, "lineEdit")->setText(u"1.1"_s);
+            TestSupport::child<QLineEdit>(widget, "lineEdit_2")->setText(u"4.0"_s);
+            TestSupport::child<QLineEdit>(widget, "lineEdit_3")->setText(u"Test & \"try\""_s);
             TestSupport::child<QCheckBox>(widget, "checkBox")->setChecked(compact);
             fillIn(widget);
         });
-        expectFiles({QStringLiteral("water.json"), QStringLiteral("helium.json")});
+        expectFiles({u"water.json"_s, u"helium.json"_s});
         expectSuccess();
 
         // The day may change while the file is being written.
         const QDate before = QDate::currentDate();
         createDatabase();
-        const QByteArray written = sandbox->read(QStringLiteral("all.json"));
+        const QByteArray written = sandbox->read(u"all.json"_s);
         const QDate day =
             written == onDay(text.constData(), before) ? before : QDate::currentDate();
         QCOMPARE(written, onDay(text.constData(), day));
@@ -119,16 +120,16 @@ private Q_SLOTS:
 
     void defaultHeaderIsWritten()
     {
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
+        sandbox->write(u"helium.json"_s, heliumFile);
         QString title;
         dialogs->expect([this, &title](QWidget& widget) {
             title = TestSupport::child<QLineEdit>(widget, "lineEdit_3")->text();
             fillIn(widget);
         });
-        expectFiles({QStringLiteral("helium.json")});
+        expectFiles({u"helium.json"_s});
         expectSuccess();
         createDatabase();
-        const QByteArray written = sandbox->read(QStringLiteral("all.json"));
+        const QByteArray written = sandbox->read(u"all.json"_s);
         QVERIFY(written.contains("\"Version\": \"1.0\""));
         QVERIFY(written.contains("\"Database\": \"3.0\""));
         QVERIFY(written.contains(QByteArray("\"Title\": \"" + title.toUtf8() + "\"")));
@@ -136,11 +137,10 @@ private Q_SLOTS:
 
     void dateIsTheDayOfWritingAndNotThatOfAnyEntry()
     {
-        sandbox->write(QStringLiteral("old.json"),
-                       "{\"Type\":\"Species v1\",\"Date\":\"2001-02-03\"}");
+        sandbox->write(u"old.json"_s, "{\"Type\":\"Species v1\",\"Date\":\"2001-02-03\"}");
         const QDate before = QDate::currentDate();
-        compile({QStringLiteral("old.json")});
-        const QByteArray written = sandbox->read(QStringLiteral("all.json"));
+        compile({u"old.json"_s});
+        const QByteArray written = sandbox->read(u"all.json"_s);
         const QByteArray header = written.mid(written.indexOf("\"Header\""));
         QVERIFY(header.contains(onDay("\"Date\": \"@day@\"", before)) ||
                 header.contains(onDay("\"Date\": \"@day@\"", QDate::currentDate())));
@@ -151,9 +151,9 @@ private Q_SLOTS:
     {
         QStringList names;
         for (int number = 1; number <= 11; ++number) {
-            names.append(QStringLiteral("%1.json").arg(number));
+            names.append(u"%1.json"_s.arg(number));
             sandbox->write(names.constLast(),
-                           TestSupport::speciesFile(QStringLiteral("species %1").arg(number)));
+                           TestSupport::speciesFile(u"species %1"_s.arg(number)));
         }
         dialogs->expect([this](QWidget& widget) {
             TestSupport::child<QCheckBox>(widget, "checkBox")->setChecked(true);
@@ -162,7 +162,7 @@ private Q_SLOTS:
         expectFiles(names);
         expectSuccess();
         createDatabase();
-        QCOMPARE(sandbox->read(QStringLiteral("all.json"))
+        QCOMPARE(sandbox->read(u"all.json"_s)
                      .split(',')
                      .join('\n')
                      .replace("{\"Species\":{\"Name\":", "")
@@ -179,16 +179,16 @@ private Q_SLOTS:
 
     void sameFileTwiceMakesTwoEntries()
     {
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
+        sandbox->write(u"helium.json"_s, heliumFile);
         dialogs->expect([](QWidget& widget) {
             clickAddSpecies(widget);
             fillIn(widget);
         });
-        expectAddedFiles({QStringLiteral("helium.json")});
-        expectFiles({QStringLiteral("helium.json")});
+        expectAddedFiles({u"helium.json"_s});
+        expectFiles({u"helium.json"_s});
         expectSuccess();
         createDatabase();
-        const QByteArray written = sandbox->read(QStringLiteral("all.json"));
+        const QByteArray written = sandbox->read(u"all.json"_s);
         QVERIFY(written.contains("\"Entry1\""));
         QVERIFY(written.contains("\"Entry2\""));
         QCOMPARE(written.count("\"Name\": \"He\""), 2);
@@ -196,28 +196,28 @@ private Q_SLOTS:
 
     void longerOldFileIsReplacedWhole()
     {
-        sandbox->write(QStringLiteral("all.json"), QByteArray(100000, '#'));
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
-        compile({QStringLiteral("helium.json")});
-        const QByteArray written = sandbox->read(QStringLiteral("all.json"));
+        sandbox->write(u"all.json"_s, QByteArray(100000, '#'));
+        sandbox->write(u"helium.json"_s, heliumFile);
+        compile({u"helium.json"_s});
+        const QByteArray written = sandbox->read(u"all.json"_s);
         QVERIFY(written.endsWith("    \"Type\": \"Database v1\"\n}\n"));
         QVERIFY(!written.contains('#'));
     }
 
     void speciesFilesAndTheOpenDocumentStayAsTheyAre()
     {
-        const QString file = sandbox->write(QStringLiteral("water.json"), waterFile);
+        const QString file = sandbox->write(u"water.json"_s, waterFile);
         QVERIFY(window->loadSpecies(file));
-        compile({QStringLiteral("water.json")});
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - water.json"));
+        compile({u"water.json"_s});
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - water.json"_s);
         QCOMPARE(TestSupport::spectrumTitles(*window), QStringList(QString::fromUtf8("caf\u00e9")));
-        QCOMPARE(sandbox->read(QStringLiteral("water.json")), QByteArray(waterFile));
+        QCOMPARE(sandbox->read(u"water.json"_s), QByteArray(waterFile));
     }
 
     void filesOfOtherTypesAreRefused_data()
     {
         QTest::addColumn<QByteArray>("content");
-        QTest::newRow("spectrum file") << TestSupport::spectrumFile(QStringLiteral("s"));
+        QTest::newRow("spectrum file") << TestSupport::spectrumFile(u"s"_s);
         QTest::newRow("database file") << QByteArray(compactDatabase);
         QTest::newRow("other case") << QByteArray("{\"Type\":\"species v1\"}");
         QTest::newRow("other version") << QByteArray("{\"Type\":\"Species v2\"}");
@@ -233,16 +233,16 @@ private Q_SLOTS:
     void filesOfOtherTypesAreRefused()
     {
         QFETCH(const QByteArray, content);
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
-        const QString path = sandbox->write(QStringLiteral("other.json"), content);
+        sandbox->write(u"helium.json"_s, heliumFile);
+        const QString path = sandbox->write(u"other.json"_s, content);
         expectDialogFilledIn();
-        expectFiles({QStringLiteral("helium.json"), QStringLiteral("other.json")});
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                           QLatin1String("Invalid species type in file: ") + path);
+        expectFiles({u"helium.json"_s, u"other.json"_s});
+        dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
+                           "Invalid species type in file: "_L1 + path);
         expectFailure();
         createDatabase();
         verifyNoDatabase();
-        QCOMPARE(sandbox->read(QStringLiteral("other.json")), content);
+        QCOMPARE(sandbox->read(u"other.json"_s), content);
     }
 
     void filesThatCannotBeOpenedAreReported_data()
@@ -255,15 +255,14 @@ private Q_SLOTS:
     void filesThatCannotBeOpenedAreReported()
     {
         QFETCH(const bool, folderInstead);
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
-        const QString path = sandbox->write(QStringLiteral("gone.json"), heliumFile);
+        sandbox->write(u"helium.json"_s, heliumFile);
+        const QString path = sandbox->write(u"gone.json"_s, heliumFile);
         expectDialogFilledIn([path, folderInstead] {
             QVERIFY(QFile::remove(path));
             QVERIFY(!folderInstead || QDir().mkdir(path));
         });
-        expectFiles({QStringLiteral("helium.json"), QStringLiteral("gone.json")});
-        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("Error"),
-                           QLatin1String("Could not open file: ") + path);
+        expectFiles({u"helium.json"_s, u"gone.json"_s});
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s, "Could not open file: "_L1 + path);
         expectFailure();
         createDatabase();
         verifyNoDatabase();
@@ -271,12 +270,12 @@ private Q_SLOTS:
 
     void firstBadFileEndsTheCompilation()
     {
-        const QString path = sandbox->write(QStringLiteral("a.json"), "{}");
-        const QString gone = sandbox->write(QStringLiteral("b.json"), heliumFile);
+        const QString path = sandbox->write(u"a.json"_s, "{}");
+        const QString gone = sandbox->write(u"b.json"_s, heliumFile);
         expectDialogFilledIn([gone] { QVERIFY(QFile::remove(gone)); });
-        expectFiles({QStringLiteral("a.json"), QStringLiteral("b.json")});
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                           QLatin1String("Invalid species type in file: ") + path);
+        expectFiles({u"a.json"_s, u"b.json"_s});
+        dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
+                           "Invalid species type in file: "_L1 + path);
         expectFailure();
         createDatabase();
         verifyNoDatabase();
@@ -287,15 +286,15 @@ private Q_SLOTS:
         // As keys, "Entry10" comes before "Entry2".
         QStringList names;
         for (int number = 1; number <= 10; ++number)
-            names.append(QStringLiteral("file%1.json").arg(number));
+            names.append(u"file%1.json"_s.arg(number));
         for (const QString& name : std::as_const(names))
             sandbox->write(name, heliumFile);
         const QString second = sandbox->write(names.at(1), "{}");
         sandbox->write(names.at(9), "{}");
         expectDialogFilledIn();
         expectFiles(names);
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                           QLatin1String("Invalid species type in file: ") + second);
+        dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
+                           "Invalid species type in file: "_L1 + second);
         expectFailure();
         createDatabase();
         verifyNoDatabase();
@@ -303,53 +302,51 @@ private Q_SLOTS:
 
     void failureKeepsTheOldDatabase()
     {
-        sandbox->write(QStringLiteral("all.json"), "the old one");
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
-        const QString path = sandbox->write(QStringLiteral("bad.json"), "{}");
+        sandbox->write(u"all.json"_s, "the old one");
+        sandbox->write(u"helium.json"_s, heliumFile);
+        const QString path = sandbox->write(u"bad.json"_s, "{}");
         expectDialogFilledIn();
-        expectFiles({QStringLiteral("helium.json"), QStringLiteral("bad.json")});
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                           QLatin1String("Invalid species type in file: ") + path);
+        expectFiles({u"helium.json"_s, u"bad.json"_s});
+        dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
+                           "Invalid species type in file: "_L1 + path);
         expectFailure();
         createDatabase();
-        QCOMPARE(sandbox->read(QStringLiteral("all.json")), QByteArray("the old one"));
+        QCOMPARE(sandbox->read(u"all.json"_s), QByteArray("the old one"));
     }
 
     void targetThatCannotBeOpenedGivesTheGeneralBoxOnly()
     {
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("out")));
-        expectDialogFilledIn(
-            [this] { QVERIFY(QDir(sandbox->path()).rmdir(QStringLiteral("out"))); });
-        expectFiles({QStringLiteral("helium.json")}, QStringLiteral("out/all.json"));
+        sandbox->write(u"helium.json"_s, heliumFile);
+        QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
+        expectDialogFilledIn([this] { QVERIFY(QDir(sandbox->path()).rmdir(u"out"_s)); });
+        expectFiles({u"helium.json"_s}, u"out/all.json"_s);
         expectFailure();
         createDatabase();
-        QVERIFY(!QFile::exists(sandbox->path(QStringLiteral("out"))));
+        QVERIFY(!QFile::exists(sandbox->path(u"out"_s)));
     }
 
     void speciesFilesAreCheckedBeforeTheTarget()
     {
-        const QString path = sandbox->write(QStringLiteral("bad.json"), "{}");
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("out")));
-        expectDialogFilledIn(
-            [this] { QVERIFY(QDir(sandbox->path()).rmdir(QStringLiteral("out"))); });
-        expectFiles({QStringLiteral("bad.json")}, QStringLiteral("out/all.json"));
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                           QLatin1String("Invalid species type in file: ") + path);
+        const QString path = sandbox->write(u"bad.json"_s, "{}");
+        QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
+        expectDialogFilledIn([this] { QVERIFY(QDir(sandbox->path()).rmdir(u"out"_s)); });
+        expectFiles({u"bad.json"_s}, u"out/all.json"_s);
+        dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
+                           "Invalid species type in file: "_L1 + path);
         expectFailure();
         createDatabase();
     }
 
     void fileNamesInBoxesAreShownAsTyped()
     {
-        const QString name = QStringLiteral("<b>bold<img src='x'>.json");
+        const QString name = u"<b>bold<img src='x'>.json"_s;
         sandbox->write(name, "{}");
         expectDialogFilledIn();
         expectFiles({name});
         dialogs->expect([this, name](QWidget& widget) {
             auto* box = qobject_cast<QMessageBox*>(&widget);
             if (box == nullptr || box->textFormat() != Qt::PlainText || !box->text().endsWith(name))
-                dialogs->complain(QStringLiteral("the name is not shown as it is"));
+                dialogs->complain(u"the name is not shown as it is"_s);
             widget.close();
         });
         expectFailure();
@@ -358,53 +355,53 @@ private Q_SLOTS:
 
     void cancellingWritesNothing()
     {
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
+        sandbox->write(u"helium.json"_s, heliumFile);
         dialogs->expect([](QWidget& widget) {
             clickAddSpecies(widget);
             clickSetDatabase(widget);
             close(widget, QDialogButtonBox::Cancel);
         });
-        expectFiles({QStringLiteral("helium.json")});
+        expectFiles({u"helium.json"_s});
         createDatabase();
         verifyNoDatabase();
     }
 
     void sameDialogComesAgainWithItsEntries()
     {
-        sandbox->write(QStringLiteral("helium.json"), heliumFile);
+        sandbox->write(u"helium.json"_s, heliumFile);
         QVERIFY(window->findChild<CreateDatabase*>() == nullptr);
-        compile({QStringLiteral("helium.json")});
+        compile({u"helium.json"_s});
         auto* dialog = window->findChild<CreateDatabase*>(QString(), Qt::FindDirectChildrenOnly);
         QVERIFY(dialog != nullptr);
         QVERIFY(!dialog->isVisible());
-        QVERIFY(QFile::remove(sandbox->path(QStringLiteral("all.json"))));
+        QVERIFY(QFile::remove(sandbox->path(u"all.json"_s)));
 
         dialogs->expect([this, dialog](QWidget& widget) {
             if (&widget != dialog || !widget.isModal() || dialog->files().size() != 1)
-                dialogs->complain(QStringLiteral("another dialog came"));
+                dialogs->complain(u"another dialog came"_s);
             close(widget, QDialogButtonBox::Ok);
         });
         expectSuccess();
         createDatabase();
-        QVERIFY(QFile::exists(sandbox->path(QStringLiteral("all.json"))));
+        QVERIFY(QFile::exists(sandbox->path(u"all.json"_s)));
         QCOMPARE(window->findChildren<CreateDatabase*>().size(), 1);
     }
 
     void failedCompilationCanBeMendedAndRepeated()
     {
-        const QString path = sandbox->write(QStringLiteral("a.json"), "{}");
+        const QString path = sandbox->write(u"a.json"_s, "{}");
         expectDialogFilledIn();
-        expectFiles({QStringLiteral("a.json")});
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                           QLatin1String("Invalid species type in file: ") + path);
+        expectFiles({u"a.json"_s});
+        dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
+                           "Invalid species type in file: "_L1 + path);
         expectFailure();
         createDatabase();
 
-        sandbox->write(QStringLiteral("a.json"), heliumFile);
+        sandbox->write(u"a.json"_s, heliumFile);
         dialogs->expect([](QWidget& widget) { close(widget, QDialogButtonBox::Ok); });
         expectSuccess();
         createDatabase();
-        QVERIFY(sandbox->read(QStringLiteral("all.json")).contains("\"He\""));
+        QVERIFY(sandbox->read(u"all.json"_s).contains("\"He\""));
     }
 
 private:
@@ -450,16 +447,15 @@ private:
     {
         QStringList quoted;
         for (const QString& name : species)
-            quoted.append(QLatin1Char('"') + sandbox->path(name) + QLatin1Char('"'));
-        dialogs->expectFileDialog(QStringLiteral("Select JSON Files to be added to the database"),
-                                  quoted.join(QLatin1Char(' ')));
+            quoted.append(u'"' + sandbox->path(name) + u'"');
+        dialogs->expectFileDialog(u"Select JSON Files to be added to the database"_s,
+                                  quoted.join(u' '));
     }
 
-    void expectFiles(const QStringList& species, const QString& target = QStringLiteral("all.json"))
+    void expectFiles(const QStringList& species, const QString& target = u"all.json"_s)
     {
         expectAddedFiles(species);
-        dialogs->expectFileDialog(QStringLiteral("Database will be saved to..."),
-                                  sandbox->path(target));
+        dialogs->expectFileDialog(u"Database will be saved to..."_s, sandbox->path(target));
         if (QFile::exists(sandbox->path(target))) {
             dialogs->expect([](QWidget& replaceQuestion) {
                 QTest::mouseClick(
@@ -471,14 +467,14 @@ private:
 
     void expectSuccess()
     {
-        dialogs->expectBox(QMessageBox::Information, QStringLiteral("Success"),
-                           QStringLiteral("Species database created successfully."));
+        dialogs->expectBox(QMessageBox::Information, u"Success"_s,
+                           u"Species database created successfully."_s);
     }
 
     void expectFailure()
     {
-        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("Error"),
-                           QStringLiteral("Failed to create species database."));
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s,
+                           u"Failed to create species database."_s);
     }
 
     void compile(const QStringList& species)
@@ -489,7 +485,7 @@ private:
         createDatabase();
     }
 
-    void verifyNoDatabase() { QVERIFY(!QFile::exists(sandbox->path(QStringLiteral("all.json")))); }
+    void verifyNoDatabase() { QVERIFY(!QFile::exists(sandbox->path(u"all.json"_s))); }
 };
 
 QTEST_MAIN(TestDatabase)

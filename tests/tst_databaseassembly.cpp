@@ -7,19 +7,20 @@
 #include <QJsonDocument>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const DatabaseAssembly::Header& header()
 {
-    static const DatabaseAssembly::Header plain{QStringLiteral("1.0"), QStringLiteral("3.0"),
-                                                QStringLiteral("Spectra"), QDate(2026, 2, 1)};
+    static const DatabaseAssembly::Header plain{u"1.0"_s, u"3.0"_s, u"Spectra"_s,
+                                                QDate(2026, 2, 1)};
     return plain;
 }
 
 QJsonObject speciesFile(int mass)
 {
-    return {{QStringLiteral("Type"), QStringLiteral("Species v1")},
-            {QStringLiteral("Species"), QJsonObject{{QStringLiteral("Mass"), mass}}}};
+    return {{u"Type"_s, u"Species v1"_s}, {u"Species"_s, QJsonObject{{u"Mass"_s, mass}}}};
 }
 
 QByteArray textOf(const DatabaseAssembly::Header& head, const QList<QJsonObject>& files,
@@ -60,39 +61,36 @@ private Q_SLOTS:
 
     void headerTextsAreTakenAsTyped()
     {
-        const DatabaseAssembly::Header typed{QString(), QStringLiteral(" 3 "),
-                                             QStringLiteral("<b>\"A\" & \\ B</b>"),
+        const DatabaseAssembly::Header typed{QString(), u" 3 "_s, u"<b>\"A\" & \\ B</b>"_s,
                                              QDate(1999, 12, 31)};
-        const QJsonObject written = assembled(typed, {}).value(QStringLiteral("Header")).toObject();
+        const QJsonObject written = assembled(typed, {}).value(u"Header"_s).toObject();
         QCOMPARE(written.size(), 4);
-        QCOMPARE(written.value(QStringLiteral("Version")), QJsonValue(QString()));
-        QCOMPARE(written.value(QStringLiteral("Database")), QJsonValue(QStringLiteral(" 3 ")));
-        QCOMPARE(written.value(QStringLiteral("Title")),
-                 QJsonValue(QStringLiteral("<b>\"A\" & \\ B</b>")));
-        QCOMPARE(written.value(QStringLiteral("Date")), QJsonValue(QStringLiteral("1999-12-31")));
+        QCOMPARE(written.value(u"Version"_s), QJsonValue(QString()));
+        QCOMPARE(written.value(u"Database"_s), QJsonValue(u" 3 "_s));
+        QCOMPARE(written.value(u"Title"_s), QJsonValue(u"<b>\"A\" & \\ B</b>"_s));
+        QCOMPARE(written.value(u"Date"_s), QJsonValue(u"1999-12-31"_s));
     }
 
     void entriesAreNumberedInTheirOrder()
     {
         const QJsonObject database =
             assembled(header(), {speciesFile(30), speciesFile(10), speciesFile(20)});
-        QCOMPARE(database.keys(), QStringList({QStringLiteral("Entry1"), QStringLiteral("Entry2"),
-                                               QStringLiteral("Entry3"), QStringLiteral("Header"),
-                                               QStringLiteral("Type")}));
-        QCOMPARE(compact(database.value(QStringLiteral("Entry1")).toObject()),
+        QCOMPARE(database.keys(),
+                 QStringList({u"Entry1"_s, u"Entry2"_s, u"Entry3"_s, u"Header"_s, u"Type"_s}));
+        QCOMPARE(compact(database.value(u"Entry1"_s).toObject()),
                  QByteArray("{\"Species\":{\"Mass\":30}}"));
-        QCOMPARE(compact(database.value(QStringLiteral("Entry2")).toObject()),
+        QCOMPARE(compact(database.value(u"Entry2"_s).toObject()),
                  QByteArray("{\"Species\":{\"Mass\":10}}"));
-        QCOMPARE(compact(database.value(QStringLiteral("Entry3")).toObject()),
+        QCOMPARE(compact(database.value(u"Entry3"_s).toObject()),
                  QByteArray("{\"Species\":{\"Mass\":20}}"));
     }
 
     void sameFileTwiceMakesTwoEntries()
     {
         const QJsonObject database = assembled(header(), {speciesFile(18), speciesFile(18)});
-        QCOMPARE(compact(database.value(QStringLiteral("Entry1")).toObject()),
+        QCOMPARE(compact(database.value(u"Entry1"_s).toObject()),
                  QByteArray("{\"Species\":{\"Mass\":18}}"));
-        QCOMPARE(compact(database.value(QStringLiteral("Entry2")).toObject()),
+        QCOMPARE(compact(database.value(u"Entry2"_s).toObject()),
                  QByteArray("{\"Species\":{\"Mass\":18}}"));
     }
 
@@ -103,26 +101,22 @@ private Q_SLOTS:
             files.append(speciesFile(mass));
         const QJsonObject database = assembled(header(), files);
         QCOMPARE(database.keys(),
-                 QStringList(
-                     {QStringLiteral("Entry1"), QStringLiteral("Entry10"),
-                      QStringLiteral("Entry11"), QStringLiteral("Entry2"), QStringLiteral("Entry3"),
-                      QStringLiteral("Entry4"), QStringLiteral("Entry5"), QStringLiteral("Entry6"),
-                      QStringLiteral("Entry7"), QStringLiteral("Entry8"), QStringLiteral("Entry9"),
-                      QStringLiteral("Header"), QStringLiteral("Type")}));
-        QCOMPARE(compact(database.value(QStringLiteral("Entry11")).toObject()),
+                 QStringList({u"Entry1"_s, u"Entry10"_s, u"Entry11"_s, u"Entry2"_s, u"Entry3"_s,
+                              u"Entry4"_s, u"Entry5"_s, u"Entry6"_s, u"Entry7"_s, u"Entry8"_s,
+                              u"Entry9"_s, u"Header"_s, u"Type"_s}));
+        QCOMPARE(compact(database.value(u"Entry11"_s).toObject()),
                  QByteArray("{\"Species\":{\"Mass\":11}}"));
     }
 
     void entryIsTheWholeFileButForItsType()
     {
         QJsonObject file = speciesFile(18);
-        file.insert(QStringLiteral("Dataset1"),
-                    QJsonObject{{QStringLiteral("Type"), QStringLiteral("Spectrum v1")},
-                                {QStringLiteral("E"), QJsonArray{1, QStringLiteral("two")}}});
-        file.insert(QStringLiteral("Dataset007"), QJsonValue(QJsonValue::Null));
-        file.insert(QStringLiteral("Note"), QStringLiteral("<i>kept</i>"));
+        file.insert(u"Dataset1"_s,
+                    QJsonObject{{u"Type"_s, u"Spectrum v1"_s}, {u"E"_s, QJsonArray{1, u"two"_s}}});
+        file.insert(u"Dataset007"_s, QJsonValue(QJsonValue::Null));
+        file.insert(u"Note"_s, u"<i>kept</i>"_s);
         const QJsonObject database = assembled(header(), {file});
-        QCOMPARE(compact(database.value(QStringLiteral("Entry1")).toObject()),
+        QCOMPARE(compact(database.value(u"Entry1"_s).toObject()),
                  QByteArray("{\"Dataset007\":null,"
                             "\"Dataset1\":{\"E\":[1,\"two\"],\"Type\":\"Spectrum v1\"},"
                             "\"Note\":\"<i>kept</i>\",\"Species\":{\"Mass\":18}}"));
@@ -132,7 +126,7 @@ private Q_SLOTS:
     {
         const QJsonObject file = speciesFile(18);
         QVERIFY(!DatabaseAssembly::entry(1, file, QJsonDocument::Compact).isEmpty());
-        QCOMPARE(file.value(QStringLiteral("Type")), QJsonValue(QStringLiteral("Species v1")));
+        QCOMPARE(file.value(u"Type"_s), QJsonValue(u"Species v1"_s));
     }
 
     void piecesMakeUpTheTextOfTheToolkit_data()
@@ -150,8 +144,8 @@ private Q_SLOTS:
         for (int mass = 1; mass <= count; ++mass)
             files.append(speciesFile(mass));
         if (count > 1) {
-            files.first() = QJsonObject{{QStringLiteral("Type"), QStringLiteral("Species v1")}};
-            files.last().insert(QStringLiteral("Note"), QStringLiteral("{\n}\u00b5\u2028"));
+            files.first() = QJsonObject{{u"Type"_s, u"Species v1"_s}};
+            files.last().insert(u"Note"_s, u"{\n}\u00b5\u2028"_s);
         }
         const QJsonObject whole = assembled(header(), files);
         QCOMPARE(whole.size(), count + 2);

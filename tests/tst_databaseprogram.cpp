@@ -19,6 +19,8 @@
 #include <cstdlib>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// The program that only compiles databases.
 class TestDatabaseProgram : public QObject
 {
@@ -29,8 +31,8 @@ private Q_SLOTS:
     {
         sandbox = std::make_unique<Sandbox>();
         dialogs = std::make_unique<DialogScript>();
-        sandbox->write(QStringLiteral("good.json"), TestSupport::speciesFile(QStringLiteral("He")));
-        sandbox->write(QStringLiteral("bad.json"), TestSupport::spectrumFile(QStringLiteral("s")));
+        sandbox->write(u"good.json"_s, TestSupport::speciesFile(u"He"_s));
+        sandbox->write(u"bad.json"_s, TestSupport::spectrumFile(u"s"_s));
     }
 
     void cleanup()
@@ -45,10 +47,10 @@ private Q_SLOTS:
 
     void createdDatabaseIsASuccess()
     {
-        expectCompilation(QStringLiteral("good.json"));
+        expectCompilation(u"good.json"_s);
         expectSuccess();
         QCOMPARE(runDatabaseProgram(), EXIT_SUCCESS);
-        QVERIFY(sandbox->read(QStringLiteral("all.json")).contains("\"Type\": \"Database v1\""));
+        QVERIFY(sandbox->read(u"all.json"_s).contains("\"Type\": \"Database v1\""));
     }
 
     void cancelIsAFailure_data()
@@ -72,19 +74,18 @@ private Q_SLOTS:
 
     void refusedSpeciesFileIsAFailure()
     {
-        expectCompilation(QStringLiteral("bad.json"));
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Error"),
-                           QLatin1String("Invalid species type in file: ") +
-                               sandbox->path(QStringLiteral("bad.json")));
+        expectCompilation(u"bad.json"_s);
+        dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
+                           "Invalid species type in file: "_L1 + sandbox->path(u"bad.json"_s));
         expectFailure();
         QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
-        QVERIFY(!QFile::exists(sandbox->path(QStringLiteral("all.json"))));
+        QVERIFY(!QFile::exists(sandbox->path(u"all.json"_s)));
     }
 
     void targetThatCannotBeWrittenIsAFailure()
     {
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("out")));
-        expectCompilation(QStringLiteral("good.json"), QStringLiteral("out/all.json"));
+        QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
+        expectCompilation(u"good.json"_s, u"out/all.json"_s);
         expectFailure();
         QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
     }
@@ -95,9 +96,9 @@ private Q_SLOTS:
             close(dialog, QDialogButtonBox::Ok);
             fillIn(dialog);
         });
-        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("Error"),
-                           QStringLiteral("At least one species has to be added to the database."));
-        expectFiles(QStringLiteral("good.json"), QStringLiteral("all.json"));
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s,
+                           u"At least one species has to be added to the database."_s);
+        expectFiles(u"good.json"_s, u"all.json"_s);
         expectSuccess();
         QCOMPARE(runDatabaseProgram(), EXIT_SUCCESS);
     }
@@ -107,7 +108,7 @@ private Q_SLOTS:
         dialogs->expect([this](QWidget& dialog) {
             const auto* window = qobject_cast<MainWindow*>(dialog.parentWidget());
             if (window == nullptr || window->isVisible())
-                dialogs->complain(QStringLiteral("the main window shows"));
+                dialogs->complain(u"the main window shows"_s);
             close(dialog, QDialogButtonBox::Cancel);
         });
         QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
@@ -118,9 +119,9 @@ private Q_SLOTS:
         setApplicationIcon();
         dialogs->expect([this](QWidget& dialog) {
             const QImage icon = dialog.windowIcon().pixmap(32).toImage();
-            if (icon != QIcon(QStringLiteral(":/icons/korvela_entry.ico")).pixmap(32).toImage() ||
+            if (icon != QIcon(u":/icons/korvela_entry.ico"_s).pixmap(32).toImage() ||
                 icon.size() != QSize(32, 32))
-                dialogs->complain(QStringLiteral("the dialog has another icon"));
+                dialogs->complain(u"the dialog has another icon"_s);
             close(dialog, QDialogButtonBox::Cancel);
         });
         QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
@@ -144,20 +145,18 @@ private:
     {
         click(dialog, "pushButton_2");
         click(dialog, "pushButton");
-        QDir(sandbox->path()).rmdir(QStringLiteral("out"));
+        QDir(sandbox->path()).rmdir(u"out"_s);
         close(dialog, QDialogButtonBox::Ok);
     }
 
     void expectFiles(const QString& species, const QString& target)
     {
-        dialogs->expectFileDialog(QStringLiteral("Select JSON Files to be added to the database"),
+        dialogs->expectFileDialog(u"Select JSON Files to be added to the database"_s,
                                   sandbox->path(species));
-        dialogs->expectFileDialog(QStringLiteral("Database will be saved to..."),
-                                  sandbox->path(target));
+        dialogs->expectFileDialog(u"Database will be saved to..."_s, sandbox->path(target));
     }
 
-    void expectCompilation(const QString& species,
-                           const QString& target = QStringLiteral("all.json"))
+    void expectCompilation(const QString& species, const QString& target = u"all.json"_s)
     {
         dialogs->expect([this](QWidget& dialog) { fillIn(dialog); });
         expectFiles(species, target);
@@ -165,14 +164,14 @@ private:
 
     void expectSuccess()
     {
-        dialogs->expectBox(QMessageBox::Information, QStringLiteral("Success"),
-                           QStringLiteral("Species database created successfully."));
+        dialogs->expectBox(QMessageBox::Information, u"Success"_s,
+                           u"Species database created successfully."_s);
     }
 
     void expectFailure()
     {
-        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("Error"),
-                           QStringLiteral("Failed to create species database."));
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s,
+                           u"Failed to create species database."_s);
     }
 
     std::unique_ptr<Sandbox> sandbox;

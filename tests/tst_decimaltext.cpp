@@ -10,6 +10,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString fixed(double value, int decimals)
@@ -92,11 +94,11 @@ private Q_SLOTS:
 
     void textBeforeIsKept()
     {
-        QString text = QStringLiteral("I = ");
+        QString text = u"I = "_s;
         DecimalText::appendFixed(text, -1.25, 1);
-        text += QStringLiteral("; ");
+        text += u"; "_s;
         DecimalText::appendSignificant(text, 21.5);
-        QCOMPARE(text, QStringLiteral("I = -1.3; 21.5"));
+        QCOMPARE(text, u"I = -1.3; 21.5"_s);
     }
 };
 

@@ -49,7 +49,7 @@ private Q_SLOTS:
         QTest::addColumn<QList<QUrl>>("urls");
         QTest::addColumn<bool>("accepted");
         const auto file = [](const char* name) {
-            const QString path = u"/data/"_s + QLatin1String(name);
+            const QString path = u"/data/"_s + QLatin1StringView(name);
             return QUrl::fromLocalFile(path);
         };
         QTest::newRow("json") << QList<QUrl>{file("a.json")} << true;

@@ -19,6 +19,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QDir examples()
@@ -28,7 +30,7 @@ QDir examples()
 
 QStringList entryNames(const QDir& folder)
 {
-    return folder.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
+    return folder.entryList({u"*.json"_s}, QDir::Files, QDir::Name);
 }
 
 QByteArray contentOf(const QString& path)
@@ -54,7 +56,7 @@ void addRowForEachExample()
 
 int numberIn(const QString& name)
 {
-    static const QRegularExpression number(QStringLiteral("^entry(\\d+)-"));
+    static const QRegularExpression number(u"^entry(\\d+)-"_s);
     return number.match(name).captured(1).toInt();
 }
 
@@ -93,13 +95,13 @@ private Q_SLOTS:
         QVERIFY(SpeciesFile::isSpecies(file));
         const QJsonObject species = SpeciesFile::species(file);
         const auto text = [&species](const char* key) {
-            return species.value(QLatin1String(key)).toString();
+            return species.value(QLatin1StringView(key)).toString();
         };
         for (const char* key :
              {"Name", "Aliases", "Formula", "InChI", "PubChem", "AIE", "AIE_Comment"})
             QVERIFY2(!text(key).isEmpty(), key);
         QVERIFY(isValidCasNumber(text("CAS")));
-        QVERIFY(species.value(QLatin1String("Mass")).toDouble() > 0.0);
+        QVERIFY(species.value("Mass"_L1).toDouble() > 0.0);
         QVERIFY(!StructurePicture::fromBase64(text("StructuralFormula")).isNull());
     }
 
@@ -110,14 +112,13 @@ private Q_SLOTS:
         const QList<QJsonObject> datasets = SpeciesFile::datasets(exampleNamed(name));
         for (const QJsonObject& dataset : datasets) {
             const auto text = [&dataset](const char* key) {
-                return dataset.value(QLatin1String(key)).toString();
+                return dataset.value(QLatin1StringView(key)).toString();
             };
-            QCOMPARE(dataset.value(QLatin1String("SpectType")).toInt(-1),
-                     int(SpectrumModel::FcSimulation));
+            QCOMPARE(dataset.value("SpectType"_L1).toInt(-1), int(SpectrumModel::FcSimulation));
             for (const char* key : {"Title", "FurtherComments"})
-                QVERIFY2(text(key).contains(QLatin1String("omputed")), key);
+                QVERIFY2(text(key).contains("omputed"_L1), key);
             QVERIFY(!text("LevelOfTheory").isEmpty());
-            const bool lines = dataset.value(QLatin1String("LineSpectrum")).toBool();
+            const bool lines = dataset.value("LineSpectrum"_L1).toBool();
             QCOMPARE(text("ConvolutionFWHM").isEmpty(), lines);
         }
     }
@@ -129,8 +130,7 @@ private Q_SLOTS:
     {
         QFETCH(const QString, name);
         const QJsonObject file = exampleNamed(name);
-        const QString energyOfSpecies =
-            SpeciesFile::species(file).value(QLatin1String("AIE")).toString();
+        const QString energyOfSpecies = SpeciesFile::species(file).value("AIE"_L1).toString();
         const QList<QJsonObject> datasets = SpeciesFile::datasets(file);
         for (const QJsonObject& dataset : datasets) {
             SpectrumModel model;
@@ -144,9 +144,9 @@ private Q_SLOTS:
             }
             QCOMPARE(highest, 1000.0);
 
-            const QString origin = dataset.value(QLatin1String("AIE")).toString();
-            QVERIFY(energyOfSpecies.startsWith(origin + QLatin1Char(' ')));
-            if (dataset.value(QLatin1String("LineSpectrum")).toBool())
+            const QString origin = dataset.value("AIE"_L1).toString();
+            QVERIFY(energyOfSpecies.startsWith(origin + u' '));
+            if (dataset.value("LineSpectrum"_L1).toBool())
                 QCOMPARE(points.constFirst().x(), origin.toDouble());
         }
     }
@@ -172,7 +172,7 @@ private Q_SLOTS:
     void generatorReproducesThem()
     {
         const Sandbox sandbox;
-        const QDir made(sandbox.path(QStringLiteral("made")));
+        const QDir made(sandbox.path(u"made"_s));
         QProcess generator;
         generator.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         generator.start(QStringLiteral(KORVELA_EXAMPLES_PROGRAM), {made.path()});

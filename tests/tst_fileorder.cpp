@@ -11,6 +11,8 @@
 #include <clocale>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 /// The order in which the files of a folder are stepped through.
 class TestFileOrder : public QObject
 {
@@ -27,41 +29,28 @@ private Q_SLOTS:
             QTest::newRow(name) << fileNames << ordered;
         };
         row("no file", {}, {});
-        row("one file", {QStringLiteral("a.json")}, {QStringLiteral("a.json")});
+        row("one file", {u"a.json"_s}, {u"a.json"_s});
         row("numbers by value, letters regardless of case",
-            {QStringLiteral("a10.json"), QStringLiteral("a2.json"), QStringLiteral("B1.json")},
-            {QStringLiteral("a2.json"), QStringLiteral("a10.json"), QStringLiteral("B1.json")});
-        row("upper case between lower case",
-            {QStringLiteral("C.json"), QStringLiteral("b.json"), QStringLiteral("A.json"),
-             QStringLiteral("d.json")},
-            {QStringLiteral("A.json"), QStringLiteral("b.json"), QStringLiteral("C.json"),
-             QStringLiteral("d.json")});
+            {u"a10.json"_s, u"a2.json"_s, u"B1.json"_s},
+            {u"a2.json"_s, u"a10.json"_s, u"B1.json"_s});
+        row("upper case between lower case", {u"C.json"_s, u"b.json"_s, u"A.json"_s, u"d.json"_s},
+            {u"A.json"_s, u"b.json"_s, u"C.json"_s, u"d.json"_s});
         row("file2 before file10",
-            {QStringLiteral("file10.json"), QStringLiteral("File1.json"),
-             QStringLiteral("file2.json"), QStringLiteral("FILE3.json")},
-            {QStringLiteral("File1.json"), QStringLiteral("file2.json"),
-             QStringLiteral("FILE3.json"), QStringLiteral("file10.json")});
-        row("numbers without letters",
-            {QStringLiteral("100.json"), QStringLiteral("9.json"), QStringLiteral("20.json")},
-            {QStringLiteral("9.json"), QStringLiteral("20.json"), QStringLiteral("100.json")});
+            {u"file10.json"_s, u"File1.json"_s, u"file2.json"_s, u"FILE3.json"_s},
+            {u"File1.json"_s, u"file2.json"_s, u"FILE3.json"_s, u"file10.json"_s});
+        row("numbers without letters", {u"100.json"_s, u"9.json"_s, u"20.json"_s},
+            {u"9.json"_s, u"20.json"_s, u"100.json"_s});
         row("two numbers in a name",
-            {QStringLiteral("C10H8.json"), QStringLiteral("C6H14.json"),
-             QStringLiteral("C6H6.json"), QStringLiteral("C2H4.json")},
-            {QStringLiteral("C2H4.json"), QStringLiteral("C6H6.json"), QStringLiteral("C6H14.json"),
-             QStringLiteral("C10H8.json")});
+            {u"C10H8.json"_s, u"C6H14.json"_s, u"C6H6.json"_s, u"C2H4.json"_s},
+            {u"C2H4.json"_s, u"C6H6.json"_s, u"C6H14.json"_s, u"C10H8.json"_s});
         row("numbers beyond 64 bits",
-            {QStringLiteral("a30000000000000000000000.json"), QStringLiteral("a7.json"),
-             QStringLiteral("a20000000000000000000000.json")},
-            {QStringLiteral("a7.json"), QStringLiteral("a20000000000000000000000.json"),
-             QStringLiteral("a30000000000000000000000.json")});
+            {u"a30000000000000000000000.json"_s, u"a7.json"_s, u"a20000000000000000000000.json"_s},
+            {u"a7.json"_s, u"a20000000000000000000000.json"_s, u"a30000000000000000000000.json"_s});
         row("accents beside their letter",
-            {QStringLiteral("f.json"), QString::fromUtf8("\u00e9thane.json"),
-             QStringLiteral("eau.json")},
-            {QStringLiteral("eau.json"), QString::fromUtf8("\u00e9thane.json"),
-             QStringLiteral("f.json")});
+            {u"f.json"_s, QString::fromUtf8("\u00e9thane.json"), u"eau.json"_s},
+            {u"eau.json"_s, QString::fromUtf8("\u00e9thane.json"), u"f.json"_s});
         row("names that differ in case only stay as given",
-            {QStringLiteral("no.json"), QStringLiteral("NO.json"), QStringLiteral("No.json")},
-            {QStringLiteral("no.json"), QStringLiteral("NO.json"), QStringLiteral("No.json")});
+            {u"no.json"_s, u"NO.json"_s, u"No.json"_s}, {u"no.json"_s, u"NO.json"_s, u"No.json"_s});
     }
 
     void filesAreOrderedAsPeopleCount()
@@ -73,9 +62,8 @@ private Q_SLOTS:
 
     void everyArrangementEndsInTheSameOrder()
     {
-        const QStringList ordered{QStringLiteral("a1.json"), QStringLiteral("A2.json"),
-                                  QStringLiteral("a10.json"), QStringLiteral("b.json"),
-                                  QStringLiteral("B3.json")};
+        const QStringList ordered{u"a1.json"_s, u"A2.json"_s, u"a10.json"_s, u"b.json"_s,
+                                  u"B3.json"_s};
         QStringList arrangement = ordered;
         std::sort(arrangement.begin(), arrangement.end());
         int arrangements = 0;
@@ -108,14 +96,16 @@ private Q_SLOTS:
         QLocale::setDefault(locale);
         std::setlocale(LC_ALL, "C");
 
-        const QStringList fileNames{QStringLiteral("z.json"),  QStringLiteral("a10.json"),
-                                    QStringLiteral("B1.json"), QString::fromUtf8("\u00e4.json"),
-                                    QStringLiteral("a2.json"), QStringLiteral("aa.json"),
-                                    QStringLiteral("b02.json")};
-        const QStringList ordered{QString::fromUtf8("\u00e4.json"), QStringLiteral("a2.json"),
-                                  QStringLiteral("a10.json"),       QStringLiteral("aa.json"),
-                                  QStringLiteral("B1.json"),        QStringLiteral("b02.json"),
-                                  QStringLiteral("z.json")};
+        const QStringList fileNames{
+            u"z.json"_s,  u"a10.json"_s, u"B1.json"_s, QString::fromUtf8("\u00e4.json"),
+            u"a2.json"_s, u"aa.json"_s,  u"b02.json"_s};
+        const QStringList ordered{QString::fromUtf8("\u00e4.json"),
+                                  u"a2.json"_s,
+                                  u"a10.json"_s,
+                                  u"aa.json"_s,
+                                  u"B1.json"_s,
+                                  u"b02.json"_s,
+                                  u"z.json"_s};
         QCOMPARE(inSteppingOrder(fileNames), ordered);
     }
 };

@@ -13,13 +13,15 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr auto noSpecies = R"({"Type":"Spectrum v1","Title":"no species"})";
 
 QString titleOf(const QString& fileName)
 {
-    return QLatin1String("KORVELA Entry Edit - ") + fileName;
+    return "KORVELA Entry Edit - "_L1 + fileName;
 }
 
 } // namespace
@@ -35,17 +37,17 @@ private Q_SLOTS:
         for (const auto* name : {"a10.json", "a2.json", "B1.json"})
             writeSpecies(QString::fromLatin1(name));
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), sandbox->path());
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path());
         clickSelectFolder();
-        QCOMPARE(shownSpecies(), QStringLiteral("a2.json"));
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("a2.json")));
+        QCOMPARE(shownSpecies(), u"a2.json"_s);
+        QCOMPARE(window->windowTitle(), titleOf(u"a2.json"_s));
     }
 
     void nextGoesThroughTheFilesInOrderAndWrapsToTheFirst()
     {
         for (const auto* name : {"a10.json", "a2.json", "B1.json"})
             writeSpecies(QString::fromLatin1(name));
-        QVERIFY(window->loadSpecies(sandbox->path(QStringLiteral("a2.json"))));
+        QVERIFY(window->loadSpecies(sandbox->path(u"a2.json"_s)));
 
         QStringList visited;
         for (int step = 0; step < 4; ++step) {
@@ -53,107 +55,103 @@ private Q_SLOTS:
             visited.append(shownSpecies());
             QCOMPARE(window->windowTitle(), titleOf(visited.constLast()));
         }
-        QCOMPARE(visited, QStringList({QStringLiteral("a10.json"), QStringLiteral("B1.json"),
-                                       QStringLiteral("a2.json"), QStringLiteral("a10.json")}));
+        QCOMPARE(visited, QStringList({u"a10.json"_s, u"B1.json"_s, u"a2.json"_s, u"a10.json"_s}));
     }
 
     void previousGoesThroughTheFilesBackwardsAndWrapsToTheLast()
     {
         for (const auto* name : {"a10.json", "a2.json", "B1.json"})
             writeSpecies(QString::fromLatin1(name));
-        QVERIFY(window->loadSpecies(sandbox->path(QStringLiteral("a2.json"))));
+        QVERIFY(window->loadSpecies(sandbox->path(u"a2.json"_s)));
 
         QStringList visited;
         for (int step = 0; step < 4; ++step) {
             clickPrevious();
             visited.append(shownSpecies());
         }
-        QCOMPARE(visited, QStringList({QStringLiteral("B1.json"), QStringLiteral("a10.json"),
-                                       QStringLiteral("a2.json"), QStringLiteral("B1.json")}));
+        QCOMPARE(visited, QStringList({u"B1.json"_s, u"a10.json"_s, u"a2.json"_s, u"B1.json"_s}));
     }
 
     void otherFilesAreSkippedSilently()
     {
-        writeSpecies(QStringLiteral("b.json"));
-        writeSpecies(QStringLiteral("x.json"));
-        writeSpecies(QStringLiteral("no-entry.txt"));
-        sandbox->write(QStringLiteral("a.json"), noSpecies);
-        sandbox->write(QStringLiteral("c.json"), noSpecies);
-        sandbox->write(QStringLiteral("d.json"), R"({"Type":"Database v1"})");
-        sandbox->write(QStringLiteral("e.json"), R"([{"Type":"Species v1"}])");
-        sandbox->write(QStringLiteral("f.json"), R"({"Type":"species v1"})");
-        sandbox->write(QStringLiteral("g.json"), R"({"Type":"Species v1"} trailing)");
-        sandbox->write(QStringLiteral("h.json"), "");
-        sandbox->write(QStringLiteral("i.json"), "\x89PNG\r\n\x1a\n");
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("j.json")));
-        sandbox->write(QStringLiteral("z.json"), noSpecies);
+        writeSpecies(u"b.json"_s);
+        writeSpecies(u"x.json"_s);
+        writeSpecies(u"no-entry.txt"_s);
+        sandbox->write(u"a.json"_s, noSpecies);
+        sandbox->write(u"c.json"_s, noSpecies);
+        sandbox->write(u"d.json"_s, R"({"Type":"Database v1"})");
+        sandbox->write(u"e.json"_s, R"([{"Type":"Species v1"}])");
+        sandbox->write(u"f.json"_s, R"({"Type":"species v1"})");
+        sandbox->write(u"g.json"_s, R"({"Type":"Species v1"} trailing)");
+        sandbox->write(u"h.json"_s, "");
+        sandbox->write(u"i.json"_s, "\x89PNG\r\n\x1a\n");
+        QVERIFY(QDir(sandbox->path()).mkdir(u"j.json"_s));
+        sandbox->write(u"z.json"_s, noSpecies);
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), sandbox->path());
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path());
         clickSelectFolder();
-        QCOMPARE(shownSpecies(), QStringLiteral("b.json"));
+        QCOMPARE(shownSpecies(), u"b.json"_s);
         clickNext();
-        QCOMPARE(shownSpecies(), QStringLiteral("x.json"));
+        QCOMPARE(shownSpecies(), u"x.json"_s);
         clickNext();
-        QCOMPARE(shownSpecies(), QStringLiteral("b.json"));
+        QCOMPARE(shownSpecies(), u"b.json"_s);
         clickPrevious();
-        QCOMPARE(shownSpecies(), QStringLiteral("x.json"));
+        QCOMPARE(shownSpecies(), u"x.json"_s);
         clickPrevious();
-        QCOMPARE(shownSpecies(), QStringLiteral("b.json"));
+        QCOMPARE(shownSpecies(), u"b.json"_s);
     }
 
     void filesWithAnUpperCaseEndingBelongToTheFolder()
     {
-        writeSpecies(QStringLiteral("argon.json"));
-        writeSpecies(QStringLiteral("BENZENE.JSON"));
-        writeSpecies(QStringLiteral("caffeine.Json"));
-        QVERIFY(window->loadSpecies(sandbox->path(QStringLiteral("argon.json"))));
+        writeSpecies(u"argon.json"_s);
+        writeSpecies(u"BENZENE.JSON"_s);
+        writeSpecies(u"caffeine.Json"_s);
+        QVERIFY(window->loadSpecies(sandbox->path(u"argon.json"_s)));
 
         clickNext();
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("BENZENE.JSON")));
+        QCOMPARE(window->windowTitle(), titleOf(u"BENZENE.JSON"_s));
         clickNext();
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("caffeine.Json")));
+        QCOMPARE(window->windowTitle(), titleOf(u"caffeine.Json"_s));
         clickNext();
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("argon.json")));
+        QCOMPARE(window->windowTitle(), titleOf(u"argon.json"_s));
     }
 
     void steppingRemembersTheFolder()
     {
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("entries")));
-        writeSpecies(QStringLiteral("entries/a.json"));
+        QVERIFY(QDir(sandbox->path()).mkdir(u"entries"_s));
+        writeSpecies(u"entries/a.json"_s);
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"),
-                                  sandbox->path(QStringLiteral("entries")));
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path(u"entries"_s));
         clickSelectFolder();
         TestSupport::trigger(*window, "actionClean");
-        dialogs->expectFileDialog(QStringLiteral("Open Species JSON File"), {},
-                                  sandbox->path(QStringLiteral("entries")));
+        dialogs->expectFileDialog(u"Open Species JSON File"_s, {}, sandbox->path(u"entries"_s));
         TestSupport::trigger(*window, "actionLoadSpecies");
     }
 
     void folderDialogShowsFoldersAndStartsAtTheCurrentFile()
     {
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("first")));
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("second")));
-        writeSpecies(QStringLiteral("first/a.json"));
-        const QString dropped = writeSpecies(QStringLiteral("second/b.json"));
-        QVERIFY(window->loadSpecies(sandbox->path(QStringLiteral("first/a.json"))));
+        QVERIFY(QDir(sandbox->path()).mkdir(u"first"_s));
+        QVERIFY(QDir(sandbox->path()).mkdir(u"second"_s));
+        writeSpecies(u"first/a.json"_s);
+        const QString dropped = writeSpecies(u"second/b.json"_s);
+        QVERIFY(window->loadSpecies(sandbox->path(u"first/a.json"_s)));
 
         // The last folder used is another one by now than that of the current file.
-        dialogs->expectFileDialog(QStringLiteral("Open Spectrum JSON File"),
-                                  sandbox->write(QStringLiteral("second/s.json"), noSpecies));
+        dialogs->expectFileDialog(u"Open Spectrum JSON File"_s,
+                                  sandbox->write(u"second/s.json"_s, noSpecies));
         TestSupport::trigger(*window, "actionLoadSpectrum");
 
         dialogs->expect([this](QWidget& widget) {
             auto* dialog = qobject_cast<QFileDialog*>(&widget);
-            if (dialog == nullptr || dialog->windowTitle() != QLatin1String("Select Folder") ||
+            if (dialog == nullptr || dialog->windowTitle() != "Select Folder"_L1 ||
                 dialog->fileMode() != QFileDialog::Directory ||
                 !dialog->testOption(QFileDialog::ShowDirsOnly) ||
-                dialog->directory() != QDir(sandbox->path(QStringLiteral("first"))))
-                dialogs->complain(QStringLiteral("another folder dialog was expected"));
+                dialog->directory() != QDir(sandbox->path(u"first"_s)))
+                dialogs->complain(u"another folder dialog was expected"_s);
             widget.close();
         });
         clickSelectFolder();
-        QCOMPARE(shownSpecies(), QStringLiteral("first/a.json"));
+        QCOMPARE(shownSpecies(), u"first/a.json"_s);
     }
 
     void withoutAFileBothButtonsAskForAFolder_data()
@@ -168,60 +166,58 @@ private Q_SLOTS:
         QFETCH(const QByteArray, action);
         for (const auto* name : {"a.json", "b.json", "c.json"})
             writeSpecies(QString::fromLatin1(name));
-        QVERIFY(window->loadSpecies(sandbox->path(QStringLiteral("c.json"))));
+        QVERIFY(window->loadSpecies(sandbox->path(u"c.json"_s)));
         TestSupport::trigger(*window, "actionClean");
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), sandbox->path(),
-                                  sandbox->path());
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path(), sandbox->path());
         click(action.constData());
-        QCOMPARE(shownSpecies(), QStringLiteral("a.json"));
+        QCOMPARE(shownSpecies(), u"a.json"_s);
     }
 
     void cancellingTheFolderDialogChangesNothing()
     {
-        const QString file = writeSpecies(QStringLiteral("b.json"));
-        writeSpecies(QStringLiteral("a.json"));
+        const QString file = writeSpecies(u"b.json"_s);
+        writeSpecies(u"a.json"_s);
         QVERIFY(window->loadSpecies(file));
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), {}, sandbox->path());
+        dialogs->expectFileDialog(u"Select Folder"_s, {}, sandbox->path());
         clickSelectFolder();
-        QCOMPARE(shownSpecies(), QStringLiteral("b.json"));
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("b.json")));
+        QCOMPARE(shownSpecies(), u"b.json"_s);
+        QCOMPARE(window->windowTitle(), titleOf(u"b.json"_s));
     }
 
     void selectingTheFolderAgainStartsAtItsFirstFile()
     {
-        writeSpecies(QStringLiteral("a.json"));
-        const QString file = writeSpecies(QStringLiteral("b.json"));
+        writeSpecies(u"a.json"_s);
+        const QString file = writeSpecies(u"b.json"_s);
         QVERIFY(window->loadSpecies(file));
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), sandbox->path());
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path());
         clickSelectFolder();
-        QCOMPARE(shownSpecies(), QStringLiteral("a.json"));
+        QCOMPARE(shownSpecies(), u"a.json"_s);
     }
 
     void folderWithoutJsonFilesIsReported()
     {
-        sandbox->write(QStringLiteral("notes.txt"), "nothing");
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("folder.json")));
+        sandbox->write(u"notes.txt"_s, "nothing");
+        QVERIFY(QDir(sandbox->path()).mkdir(u"folder.json"_s));
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), sandbox->path());
-        expectInformation(QStringLiteral("No JSON Files"),
-                          QStringLiteral("No JSON files found in the directory."));
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path());
+        expectInformation(u"No JSON Files"_s, u"No JSON files found in the directory."_s);
         clickSelectFolder();
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit"_s);
     }
 
     void folderWithoutSpeciesIsReported()
     {
-        sandbox->write(QStringLiteral("a.json"), noSpecies);
-        sandbox->write(QStringLiteral("b.json"), "{");
+        sandbox->write(u"a.json"_s, noSpecies);
+        sandbox->write(u"b.json"_s, "{");
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), sandbox->path());
-        expectInformation(QStringLiteral("No Species Files"),
-                          QStringLiteral("No species JSON files found in the directory."));
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path());
+        expectInformation(u"No Species Files"_s,
+                          u"No species JSON files found in the directory."_s);
         clickSelectFolder();
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit"_s);
     }
 
     void onlySpeciesOfAFolderHasNoNeighbour_data()
@@ -238,132 +234,130 @@ private Q_SLOTS:
     {
         QFETCH(const bool, withOtherFiles);
         QFETCH(const QByteArray, action);
-        const QString file = writeSpecies(QStringLiteral("m.json"));
+        const QString file = writeSpecies(u"m.json"_s);
         if (withOtherFiles) {
-            sandbox->write(QStringLiteral("a.json"), noSpecies);
-            sandbox->write(QStringLiteral("z.json"), "not JSON");
+            sandbox->write(u"a.json"_s, noSpecies);
+            sandbox->write(u"z.json"_s, "not JSON");
         }
         QVERIFY(window->loadSpecies(file));
         window->createNewSpectrumWindow();
 
         // Nothing is going to be lost, so nothing is asked although the document is modified.
-        expectInformation(QStringLiteral("No Other Species Files"),
-                          QStringLiteral("No other species JSON files found in the directory."));
+        expectInformation(u"No Other Species Files"_s,
+                          u"No other species JSON files found in the directory."_s);
         click(action.constData());
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("m.json *")));
-        QCOMPARE(shownSpecies(), QStringLiteral("m.json"));
+        QCOMPARE(window->windowTitle(), titleOf(u"m.json *"_s));
+        QCOMPARE(shownSpecies(), u"m.json"_s);
     }
 
     void currentFileThatLeftTheFolderIsReported_data()
     {
         QTest::addColumn<QString>("newName");
         QTest::newRow("removed") << QString();
-        QTest::newRow("renamed in case only") << QStringLiteral("M.json");
-        QTest::newRow("renamed to another ending") << QStringLiteral("m.txt");
+        QTest::newRow("renamed in case only") << u"M.json"_s;
+        QTest::newRow("renamed to another ending") << u"m.txt"_s;
     }
 
     void currentFileThatLeftTheFolderIsReported()
     {
         QFETCH(const QString, newName);
-        writeSpecies(QStringLiteral("a.json"));
-        const QString file = writeSpecies(QStringLiteral("m.json"));
+        writeSpecies(u"a.json"_s);
+        const QString file = writeSpecies(u"m.json"_s);
         QVERIFY(window->loadSpecies(file));
         QVERIFY(newName.isEmpty() ? QFile::remove(file)
                                   : QFile::rename(file, sandbox->path(newName)));
 
-        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("Error"),
-                           QStringLiteral("Current file is not in the directory."));
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s,
+                           u"Current file is not in the directory."_s);
         clickNext();
-        QCOMPARE(shownSpecies(), QStringLiteral("m.json"));
+        QCOMPARE(shownSpecies(), u"m.json"_s);
     }
 
     void folderThatBecameEmptyIsReported()
     {
-        const QString file = writeSpecies(QStringLiteral("m.json"));
+        const QString file = writeSpecies(u"m.json"_s);
         QVERIFY(window->loadSpecies(file));
         QVERIFY(QFile::remove(file));
 
-        expectInformation(QStringLiteral("No JSON Files"),
-                          QStringLiteral("No JSON files found in the directory."));
+        expectInformation(u"No JSON Files"_s, u"No JSON files found in the directory."_s);
         clickPrevious();
     }
 
     void currentFileThatBecameAFolderIsReported()
     {
-        const QString file = writeSpecies(QStringLiteral("m.json"));
+        const QString file = writeSpecies(u"m.json"_s);
         QVERIFY(window->loadSpecies(file));
         QVERIFY(QFile::remove(file));
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("m.json")));
-        writeSpecies(QStringLiteral("m.json/a.json"));
+        QVERIFY(QDir(sandbox->path()).mkdir(u"m.json"_s));
+        writeSpecies(u"m.json/a.json"_s);
 
-        expectInformation(QStringLiteral("No Current File"),
-                          QStringLiteral("No current file loaded to step from."));
+        expectInformation(u"No Current File"_s, u"No current file loaded to step from."_s);
         clickNext();
-        QCOMPARE(shownSpecies(), QStringLiteral("m.json"));
+        QCOMPARE(shownSpecies(), u"m.json"_s);
     }
 
     void cancellingTheSaveQuestionStaysWithTheFile()
     {
-        const QString file = writeSpecies(QStringLiteral("a.json"));
-        writeSpecies(QStringLiteral("b.json"));
+        const QString file = writeSpecies(u"a.json"_s);
+        writeSpecies(u"b.json"_s);
         QVERIFY(window->loadSpecies(file));
         window->createNewSpectrumWindow();
 
         dialogs->expectSaveQuestion(QMessageBox::Cancel);
         clickNext();
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("a.json *")));
-        QCOMPARE(shownSpecies(), QStringLiteral("a.json"));
+        QCOMPARE(window->windowTitle(), titleOf(u"a.json *"_s));
+        QCOMPARE(shownSpecies(), u"a.json"_s);
         QCOMPARE(TestSupport::subWindows(*window).size(), 1);
     }
 
     void discardingTheChangesStepsOn()
     {
-        const QString file = writeSpecies(QStringLiteral("a.json"));
-        writeSpecies(QStringLiteral("b.json"));
-        const QByteArray before = sandbox->read(QStringLiteral("a.json"));
+        const QString file = writeSpecies(u"a.json"_s);
+        writeSpecies(u"b.json"_s);
+        const QByteArray before = sandbox->read(u"a.json"_s);
         QVERIFY(window->loadSpecies(file));
         window->createNewSpectrumWindow();
 
         dialogs->expectSaveQuestion(QMessageBox::Discard);
         clickNext();
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("b.json")));
+        QCOMPARE(window->windowTitle(), titleOf(u"b.json"_s));
         QVERIFY(TestSupport::subWindows(*window).isEmpty());
-        QCOMPARE(sandbox->read(QStringLiteral("a.json")), before);
+        QCOMPARE(sandbox->read(u"a.json"_s), before);
     }
 
     void savingTheChangesWritesTheFileAndStepsOn()
     {
-        const QString file = writeSpecies(QStringLiteral("a.json"));
-        writeSpecies(QStringLiteral("b.json"));
+        const QString file = writeSpecies(u"a.json"_s);
+        writeSpecies(u"b.json"_s);
         QVERIFY(window->loadSpecies(file));
         window->createNewSpectrumWindow();
 
         dialogs->expectSaveQuestion(QMessageBox::Save);
         clickPrevious();
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("b.json")));
-        QVERIFY(sandbox->read(QStringLiteral("a.json")).contains("\"Dataset1\""));
+        QCOMPARE(window->windowTitle(), titleOf(u"b.json"_s));
+        QVERIFY(sandbox->read(u"a.json"_s).contains("\"Dataset1\""));
     }
 
     void choosingAFolderAsksBeforeChangesAreLost()
     {
-        writeSpecies(QStringLiteral("a.json"));
+        writeSpecies(u"a.json"_s);
         window->createNewSpectrumWindow();
 
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), sandbox->path());
+        dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path());
         dialogs->expectSaveQuestion(QMessageBox::Cancel);
         clickNext();
-        QCOMPARE(window->windowTitle(), titleOf(QStringLiteral("(untitled) *")));
+        QCOMPARE(window->windowTitle(), titleOf(u"(untitled) *"_s));
     }
 
     void filesAddedMeanwhileAreFound()
     {
-        const QString file = writeSpecies(QStringLiteral("a.json"));
-        writeSpecies(QStringLiteral("c.json"));
+        const QString file = writeSpecies(u"a.json"_s);
+        writeSpecies(u"c.json"_s);
         QVERIFY(window->loadSpecies(file));
-        writeSpecies(QStringLiteral("b.json"));
+        writeSpecies(u"b.json"_s);
 
         clickNext();
-        QCOMPARE(shownSpecies(), QStringLiteral("b.json"));
+        QCOMPARE(shownSpecies(), u"b.json"_s);
     }
 
 private:

@@ -10,6 +10,8 @@
 #include <numeric>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 using FranckCondon::Oscillator;
 
 namespace {
@@ -144,11 +146,9 @@ private Q_SLOTS:
                 const double stretch = 1.0 - std::exp(-a * (r - noCation.bondLength));
                 const double residual =
                     -kinetic * second + (depth * stretch * stretch - energy) * psi(r);
-                QVERIFY2(near(residual, 0.0, 1e-5 * depth),
-                         qPrintable(QStringLiteral("level %1, r %2, residual %3")
-                                        .arg(level)
-                                        .arg(r)
-                                        .arg(residual)));
+                QVERIFY2(
+                    near(residual, 0.0, 1e-5 * depth),
+                    qPrintable(u"level %1, r %2, residual %3"_s.arg(level).arg(r).arg(residual)));
             }
         }
     }

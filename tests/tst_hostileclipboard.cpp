@@ -165,7 +165,7 @@ private Q_SLOTS:
         for (const char* key :
              {"Uploader", "DOI", "FurtherRefs", "T", "FurtherComments", "CreatedDate",
               "FacilityDate", "Source", "Resolution", "Normalization"})
-            QCOMPARE(record[QLatin1String(key)], QJsonValue(QString()));
+            QCOMPARE(record[QLatin1StringView(key)], QJsonValue(QString()));
         QCOMPARE(record[u"SpectType"], QJsonValue(0));
         QCOMPARE(record[u"LineSpectrum"], QJsonValue(false));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json *"_s);

@@ -17,6 +17,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using JsonFile::WriteResult;
@@ -55,7 +57,7 @@ uint modeOf(const QString& path)
 
 QJsonObject small()
 {
-    return {{QStringLiteral("a"), 1}};
+    return {{u"a"_s, 1}};
 }
 
 QByteArray smallText()
@@ -65,7 +67,7 @@ QByteArray smallText()
 
 QJsonObject large()
 {
-    return {{QStringLiteral("a"), QString(1'000'000, u'x')}};
+    return {{u"a"_s, QString(1'000'000, u'x')}};
 }
 
 WriteResult write(const QString& path, const QJsonObject& object)
@@ -90,9 +92,9 @@ class TestJsonFile : public QObject
     static QString newFolder(const Sandbox& sandbox)
     {
         setMode(sandbox.path(), 0755);
-        QDir(sandbox.path()).mkdir(QStringLiteral("folder"));
-        setMode(sandbox.path(QStringLiteral("folder")), 0777);
-        return sandbox.path(QStringLiteral("folder"));
+        QDir(sandbox.path()).mkdir(u"folder"_s);
+        setMode(sandbox.path(u"folder"_s), 0777);
+        return sandbox.path(u"folder"_s);
     }
 
 private Q_SLOTS:
@@ -103,8 +105,7 @@ private Q_SLOTS:
         QTest::addColumn<QJsonObject>("object");
         const QJsonObject none;
         const QByteArray good = R"({"a": 1, "b": "\u00e4"})";
-        const QJsonObject goodObject{{QStringLiteral("a"), 1},
-                                     {QStringLiteral("b"), QStringLiteral("\u00e4")}};
+        const QJsonObject goodObject{{u"a"_s, 1}, {u"b"_s, u"\u00e4"_s}};
 
         QTest::newRow("object") << good << true << goodObject;
         QTest::newRow("with a byte-order mark") << "\xEF\xBB\xBF" + good << true << goodObject;
@@ -153,33 +154,32 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, bytes);
         const Sandbox sandbox;
-        const QString path = sandbox.write(QStringLiteral("file.json"), bytes);
+        const QString path = sandbox.write(u"file.json"_s, bytes);
         const JsonFile::ReadResult result = JsonFile::read(path);
         QVERIFY(result.opened);
         QTEST(result.parsed, "parsed");
         QTEST(result.object, "object");
-        QCOMPARE(sandbox.read(QStringLiteral("file.json")), bytes);
+        QCOMPARE(sandbox.read(u"file.json"_s), bytes);
     }
 
     void missingFileIsNotOpened()
     {
         const Sandbox sandbox;
         for (const QString& path :
-             {sandbox.path(QStringLiteral("none.json")),
-              sandbox.path(QStringLiteral("no/folder.json")), sandbox.path()}) {
+             {sandbox.path(u"none.json"_s), sandbox.path(u"no/folder.json"_s), sandbox.path()}) {
             const JsonFile::ReadResult result = JsonFile::read(path);
             QVERIFY(!result.opened);
             QVERIFY(!result.parsed);
             QCOMPARE(result.object, QJsonObject());
         }
-        QCOMPARE(filesIn(sandbox.path()), QStringList{QStringLiteral(".settings")});
+        QCOMPARE(filesIn(sandbox.path()), QStringList{u".settings"_s});
     }
 
     void unreadableFileIsNotOpened()
     {
         const Sandbox sandbox;
         setMode(sandbox.path(), 0755);
-        const QString path = sandbox.write(QStringLiteral("file.json"), smallText());
+        const QString path = sandbox.write(u"file.json"_s, smallText());
         setMode(path, 0);
         const OrdinaryUser user;
         QVERIFY(user.isValid());
@@ -189,11 +189,11 @@ private Q_SLOTS:
     void onlyRegularFilesAreRead()
     {
         const Sandbox sandbox;
-        const FifoTrap trap(sandbox.path(QStringLiteral("trap")));
+        const FifoTrap trap(sandbox.path(u"trap"_s));
         QVERIFY(trap.isSet());
         QVERIFY(!JsonFile::read(trap.path()).opened);
         QVERIFY(!trap.sprung());
-        QVERIFY(!JsonFile::read(QStringLiteral("/dev/null")).opened);
+        QVERIFY(!JsonFile::read(u"/dev/null"_s).opened);
     }
 
     void newFileIsWritten()
@@ -204,30 +204,28 @@ private Q_SLOTS:
         const WriteResult result = write(folder + u"/n\u00e4w.json", small());
         umask(oldMask);
         QCOMPARE(result, WriteResult::Written);
-        QCOMPARE(sandbox.read(QStringLiteral("folder/n\u00e4w.json")), smallText());
+        QCOMPARE(sandbox.read(u"folder/n\u00e4w.json"_s), smallText());
         QCOMPARE(modeOf(folder + u"/n\u00e4w.json"), 0644U);
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("n\u00e4w.json")});
+        QCOMPARE(filesIn(folder), QStringList{u"n\u00e4w.json"_s});
     }
 
     void formatIsAsAskedFor()
     {
         const Sandbox sandbox;
-        const QString path = sandbox.path(QStringLiteral("file.json"));
-        const QJsonObject object{{QStringLiteral("b"), QStringLiteral("\u00e4")},
-                                 {QStringLiteral("a"), QJsonArray{1, 2.5}}};
+        const QString path = sandbox.path(u"file.json"_s);
+        const QJsonObject object{{u"b"_s, u"\u00e4"_s}, {u"a"_s, QJsonArray{1, 2.5}}};
         QCOMPARE(JsonFile::write(path, object, QJsonDocument::Indented), WriteResult::Written);
-        QCOMPARE(sandbox.read(QStringLiteral("file.json")),
+        QCOMPARE(sandbox.read(u"file.json"_s),
                  QByteArray("{\n    \"a\": [\n        1,\n        2.5\n    ],\n"
                             "    \"b\": \"\xC3\xA4\"\n}\n"));
         QCOMPARE(JsonFile::write(path, object, QJsonDocument::Compact), WriteResult::Written);
-        QCOMPARE(sandbox.read(QStringLiteral("file.json")),
-                 QByteArray("{\"a\":[1,2.5],\"b\":\"\xC3\xA4\"}"));
+        QCOMPARE(sandbox.read(u"file.json"_s), QByteArray("{\"a\":[1,2.5],\"b\":\"\xC3\xA4\"}"));
     }
 
     void whatWasWrittenIsReadBack()
     {
         const Sandbox sandbox;
-        const QString path = sandbox.path(QStringLiteral("file.json"));
+        const QString path = sandbox.path(u"file.json"_s);
         QCOMPARE(write(path, large()), WriteResult::Written);
         const JsonFile::ReadResult result = JsonFile::read(path);
         QVERIFY(result.opened);
@@ -247,23 +245,23 @@ private Q_SLOTS:
         QFETCH(const uint, mode);
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"),
-                                           QByteArray("an older and longer content"));
+        const QString path =
+            sandbox.write(u"folder/file.json"_s, QByteArray("an older and longer content"));
         setMode(path, mode);
         QCOMPARE(write(path, small()), WriteResult::Written);
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), smallText());
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), smallText());
         QCOMPARE(modeOf(path), mode);
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
     }
 
     void symbolicLinkStaysOne_data()
     {
         QTest::addColumn<QString>("linkTarget");
         QTest::addColumn<bool>("targetExists");
-        QTest::newRow("file beside it") << QStringLiteral("real.json") << true;
-        QTest::newRow("file elsewhere") << QStringLiteral("../elsewhere.json") << true;
-        QTest::newRow("file that does not exist yet") << QStringLiteral("real.json") << false;
-        QTest::newRow("another link") << QStringLiteral("second.json") << true;
+        QTest::newRow("file beside it") << u"real.json"_s << true;
+        QTest::newRow("file elsewhere") << u"../elsewhere.json"_s << true;
+        QTest::newRow("file that does not exist yet") << u"real.json"_s << false;
+        QTest::newRow("another link") << u"second.json"_s << true;
     }
 
     void symbolicLinkStaysOne()
@@ -273,10 +271,10 @@ private Q_SLOTS:
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
         const QString link = folder + u"/link.json";
-        QString realFile = QStringLiteral("folder/") + linkTarget;
-        if (linkTarget == QLatin1String("second.json")) {
-            realFile = QStringLiteral("folder/real.json");
-            QVERIFY(QFile::link(QStringLiteral("real.json"), folder + u"/second.json"));
+        QString realFile = u"folder/"_s + linkTarget;
+        if (linkTarget == "second.json"_L1) {
+            realFile = u"folder/real.json"_s;
+            QVERIFY(QFile::link(u"real.json"_s, folder + u"/second.json"));
         }
         if (targetExists)
             sandbox.write(realFile, "old");
@@ -285,7 +283,7 @@ private Q_SLOTS:
 
         QCOMPARE(write(link, small()), WriteResult::Written);
         for (const QString& file : files) {
-            if (file != QLatin1String("real.json"))
+            if (file != "real.json"_L1)
                 QVERIFY2(QFileInfo(folder + u'/' + file).isSymLink(), qPrintable(file));
         }
         QCOMPARE(sandbox.read(realFile), smallText());
@@ -296,12 +294,12 @@ private Q_SLOTS:
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        sandbox.write(QStringLiteral("folder/file.json"), smallText());
+        sandbox.write(u"folder/file.json"_s, smallText());
         QCOMPARE(write(folder, large()), WriteResult::NotOpened);
         QCOMPARE(write(folder + u"/no/such/file.json", small()), WriteResult::NotOpened);
         QCOMPARE(write(folder + u"/file.json/inside.json", small()), WriteResult::NotOpened);
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), smallText());
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), smallText());
     }
 
     void newFileInReadOnlyFolderIsNotOpened()
@@ -322,23 +320,23 @@ private Q_SLOTS:
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        const QString path = sandbox.write(u"folder/file.json"_s, "old");
         setMode(path, 0444);
         {
             const OrdinaryUser user;
             QVERIFY(user.isValid());
             QCOMPARE(write(path, small()), WriteResult::NotOpened);
         }
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
     }
 
     void writableFileInReadOnlyFolderIsWrittenInPlace()
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"),
-                                           QByteArray("an older and longer content"));
+        const QString path =
+            sandbox.write(u"folder/file.json"_s, QByteArray("an older and longer content"));
         setMode(path, 0666);
         setMode(folder, 0555);
         {
@@ -346,8 +344,8 @@ private Q_SLOTS:
             QVERIFY(user.isValid());
             QCOMPARE(write(path, small()), WriteResult::Written);
         }
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), smallText());
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), smallText());
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
         setMode(folder, 0777);
     }
 
@@ -355,33 +353,33 @@ private Q_SLOTS:
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        const QString path = sandbox.write(u"folder/file.json"_s, "old");
         {
             const FullDisk disk;
             QCOMPARE(write(path, large()), WriteResult::NotWritten);
         }
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
     }
 
     void fullDiskLeavesTheOldSmallFileWhole()
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        const QString path = sandbox.write(u"folder/file.json"_s, "old");
         {
             const FullDisk disk(4);
             QCOMPARE(write(path, small()), WriteResult::NotWritten);
         }
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
     }
 
     void smallLastPieceOnAFullDiskLeavesTheOldFileWhole()
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        const QString path = sandbox.write(u"folder/file.json"_s, "old");
         {
             const FullDisk disk(70'002);
             WholeFile file(path);
@@ -389,26 +387,26 @@ private Q_SLOTS:
             file.write("12345");
             QCOMPARE(file.commit(), WriteResult::NotWritten);
         }
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
     }
 
     void pieceIsNotSeenBeforeTheWholeFileIs()
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        const QString path = sandbox.write(u"folder/file.json"_s, "old");
         {
             WholeFile file(path);
             file.write("given up");
         }
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("old"));
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("file.json")});
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), QByteArray("old"));
+        QCOMPARE(filesIn(folder), QStringList{u"file.json"_s});
         WholeFile file(path);
         file.write("ne");
         file.write("w");
         QCOMPARE(file.commit(), WriteResult::Written);
-        QCOMPARE(sandbox.read(QStringLiteral("folder/file.json")), QByteArray("new"));
+        QCOMPARE(sandbox.read(u"folder/file.json"_s), QByteArray("new"));
     }
 
     void fullDiskLeavesNoNewFile()
@@ -426,7 +424,7 @@ private Q_SLOTS:
     {
         const Sandbox sandbox;
         const QString folder = newFolder(sandbox);
-        const QString path = sandbox.write(QStringLiteral("folder/file.json"), "old");
+        const QString path = sandbox.write(u"folder/file.json"_s, "old");
         setMode(path, 0666);
         setMode(folder, 0555);
         {
@@ -440,14 +438,14 @@ private Q_SLOTS:
 
     void fullDeviceIsNoSuccess()
     {
-        const QString device = QStringLiteral("/dev/full");
+        const QString device = u"/dev/full"_s;
         struct stat status = {};
         if (stat("/dev/full", &status) != 0 || !S_ISCHR(status.st_mode))
             QSKIP("there is no such device here");
         // Never as root, who could replace the device by a file.
         const OrdinaryUser user;
         QVERIFY(user.isValid());
-        if (QFileInfo(QStringLiteral("/dev")).isWritable())
+        if (QFileInfo(u"/dev"_s).isWritable())
             QSKIP("the folder of the devices is writable");
         QCOMPARE(write(device, small()), WriteResult::NotWritten);
         QCOMPARE(write(device, large()), WriteResult::NotWritten);
@@ -470,7 +468,7 @@ private Q_SLOTS:
         close(reader);
         QVERIFY(!QFileInfo(path).isFile());
         QCOMPARE(arrived.left(count), smallText());
-        QCOMPARE(filesIn(folder), QStringList{QStringLiteral("pipe")});
+        QCOMPARE(filesIn(folder), QStringList{u"pipe"_s});
     }
 };
 

@@ -288,7 +288,7 @@ private:
         int removed = 0;
         const QStringList files = filesIn(folder());
         for (const QString& file : files) {
-            if (file.startsWith(QLatin1String("entry.json.")) && file.size() == 17 &&
+            if (file.startsWith("entry.json."_L1) && file.size() == 17 &&
                 QFile::remove(inFolder(file)))
                 ++removed;
         }

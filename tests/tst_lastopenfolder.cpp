@@ -8,6 +8,8 @@
 #include <QSettings>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 /// The folder in which file dialogs start.
 class TestLastOpenFolder : public QObject
 {
@@ -24,35 +26,33 @@ private Q_SLOTS:
     {
         const Sandbox sandbox;
         QCOMPARE(LastOpenFolder::path(), QDir::homePath());
-        const QSettings settings(QStringLiteral("Ostravel"), QStringLiteral("KORVELA"));
+        const QSettings settings(u"Ostravel"_s, u"KORVELA"_s);
         QCOMPARE(settings.allKeys(), QStringList());
     }
 
     void isTheFolderOfTheLastFile()
     {
         const Sandbox sandbox;
-        LastOpenFolder::rememberFolderOf(QStringLiteral("/data/first/a.json"));
-        QCOMPARE(LastOpenFolder::path(), QStringLiteral("/data/first"));
-        LastOpenFolder::rememberFolderOf(QStringLiteral("/data/second/b.json"));
-        QCOMPARE(LastOpenFolder::path(), QStringLiteral("/data/second"));
+        LastOpenFolder::rememberFolderOf(u"/data/first/a.json"_s);
+        QCOMPARE(LastOpenFolder::path(), u"/data/first"_s);
+        LastOpenFolder::rememberFolderOf(u"/data/second/b.json"_s);
+        QCOMPARE(LastOpenFolder::path(), u"/data/second"_s);
     }
 
     void isStoredUnderItsOneKey()
     {
         const Sandbox sandbox;
-        LastOpenFolder::rememberFolderOf(QStringLiteral("/data/spectra/a.json"));
-        const QSettings settings(QStringLiteral("Ostravel"), QStringLiteral("KORVELA"));
-        QCOMPARE(settings.allKeys(), QStringList{QStringLiteral("lastOpenFolder")});
-        QCOMPARE(settings.value(QStringLiteral("lastOpenFolder")),
-                 QVariant(QStringLiteral("/data/spectra")));
+        LastOpenFolder::rememberFolderOf(u"/data/spectra/a.json"_s);
+        const QSettings settings(u"Ostravel"_s, u"KORVELA"_s);
+        QCOMPARE(settings.allKeys(), QStringList{u"lastOpenFolder"_s});
+        QCOMPARE(settings.value(u"lastOpenFolder"_s), QVariant(u"/data/spectra"_s));
     }
 
     void isReadFromTheSettings()
     {
         const Sandbox sandbox;
-        QSettings(QStringLiteral("Ostravel"), QStringLiteral("KORVELA"))
-            .setValue(QStringLiteral("lastOpenFolder"), QStringLiteral("/no/longer/there"));
-        QCOMPARE(LastOpenFolder::path(), QStringLiteral("/no/longer/there"));
+        QSettings(u"Ostravel"_s, u"KORVELA"_s).setValue(u"lastOpenFolder"_s, u"/no/longer/there"_s);
+        QCOMPARE(LastOpenFolder::path(), u"/no/longer/there"_s);
     }
 
     void isAbsolute_data()
@@ -60,15 +60,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("folder");
         const QString here = QDir::currentPath();
-        QTest::newRow("bare name") << QStringLiteral("a.json") << here;
-        QTest::newRow("relative") << QStringLiteral("sub/a.json") << here + u"/sub";
+        QTest::newRow("bare name") << u"a.json"_s << here;
+        QTest::newRow("relative") << u"sub/a.json"_s << here + u"/sub";
         QTest::newRow("blanks and letters outside ASCII")
-            << QStringLiteral("/data/my sp\u00e9ctra \u03b1/a b.json")
-            << QStringLiteral("/data/my sp\u00e9ctra \u03b1");
+            << u"/data/my sp\u00e9ctra \u03b1/a b.json"_s << u"/data/my sp\u00e9ctra \u03b1"_s;
         QTest::newRow("characters special to settings files")
-            << QStringLiteral("/data/a;b,c=d%20[e]@f\"g/a.json")
-            << QStringLiteral("/data/a;b,c=d%20[e]@f\"g");
-        QTest::newRow("at the root") << QStringLiteral("/a.json") << QStringLiteral("/");
+            << u"/data/a;b,c=d%20[e]@f\"g/a.json"_s << u"/data/a;b,c=d%20[e]@f\"g"_s;
+        QTest::newRow("at the root") << u"/a.json"_s << u"/"_s;
     }
 
     void isAbsolute()

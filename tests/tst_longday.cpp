@@ -73,7 +73,7 @@ QByteArray entry(const QString& name)
                                                 {u"Formula"_s, u"H<sub>2</sub>O"_s},
                                                 {u"StructuralFormula"_s, drawnPicture()}}}};
     for (const auto* key : {"Dataset1", "Dataset2"}) {
-        file.insert(QLatin1String(key),
+        file.insert(QLatin1StringView(key),
                     QJsonObject{{u"Title"_s, name}, {u"E"_s, numbers}, {u"I"_s, numbers}});
     }
     return QJsonDocument(file).toJson();

@@ -131,7 +131,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, className);
         const Sandbox sandbox;
         const MainWindow window;
-        const auto found = window.findChildren<QObject*>(QLatin1String(QTest::currentDataTag()));
+        const auto found =
+            window.findChildren<QObject*>(QLatin1StringView(QTest::currentDataTag()));
         QCOMPARE(found.size(), 1);
         QCOMPARE(found.constFirst()->metaObject()->className(), className);
     }

@@ -37,6 +37,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void addTexts(std::initializer_list<std::pair<const char*, const char*>> texts)
@@ -147,7 +149,7 @@ private Q_SLOTS:
     {
         sandbox = std::make_unique<Sandbox>();
         dialogs = std::make_unique<DialogScript>();
-        trap = std::make_unique<FifoTrap>(sandbox->path(QStringLiteral("trap")));
+        trap = std::make_unique<FifoTrap>(sandbox->path(u"trap"_s));
         host = std::make_unique<LoopbackTrap>();
         if (!trap->isSet())
             QSKIP("there are no pipes here");
@@ -221,7 +223,7 @@ private Q_SLOTS:
         SingleLineTextEdit field;
         field.setCleanedHtml(filledIn(pattern));
         exercise(field);
-        QTest::keyClicks(&field, QStringLiteral("a"));
+        QTest::keyClicks(&field, u"a"_s);
         QVERIFY(nothingWasRead());
         QVERIFY(field.toPlainText().contains(u'a'));
     }
@@ -261,8 +263,8 @@ private Q_SLOTS:
         const std::unique_ptr<CleanTextEdit> field = makeField(singleLine);
         QVERIFY(TestSupport::showActive(*field));
         // The picture stands far below what was painted and laid out so far.
-        const QString lines = QStringLiteral("<p>a").repeated(5000);
-        field->setCleanedHtml(lines + filledIn(QStringLiteral("<img src=\"FILE\">b")));
+        const QString lines = u"<p>a"_s.repeated(5000);
+        field->setCleanedHtml(lines + filledIn(u"<img src=\"FILE\">b"_s));
         QTest::keyClick(field.get(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(field.get(), Qt::Key_C, Qt::ControlModifier);
         const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
@@ -277,12 +279,11 @@ private Q_SLOTS:
         QJsonObject species;
         for (const char* key : {"Name", "Aliases", "Formula", "InChI", "CAS", "PubChem", "AIE",
                                 "VIE", "AIE_Comment", "VIE_Comment", "StructuralFormula"})
-            species.insert(QLatin1String(key), everyTrap());
-        const QJsonObject file{{QStringLiteral("Type"), QStringLiteral("Species v1")},
-                               {QStringLiteral("Species"), species},
-                               {QStringLiteral("Dataset1"), datasetOfTraps()}};
-        const QString path =
-            sandbox->write(QStringLiteral("species.json"), QJsonDocument(file).toJson());
+            species.insert(QLatin1StringView(key), everyTrap());
+        const QJsonObject file{{u"Type"_s, u"Species v1"_s},
+                               {u"Species"_s, species},
+                               {u"Dataset1"_s, datasetOfTraps()}};
+        const QString path = sandbox->write(u"species.json"_s, QJsonDocument(file).toJson());
 
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
@@ -331,13 +332,13 @@ private Q_SLOTS:
     void titlesAndTabsReadNothing()
     {
         // Tags with a blank are text in the field, and so in the titles, but tags to a label.
-        const QString title = everyTrap().replace(QLatin1String("<img"), QLatin1String("< img"));
-        const QString path = sandbox->write(
-            fileName(), TestSupport::speciesFile(QStringLiteral("benzene"), {title, title}));
+        const QString title = everyTrap().replace("<img"_L1, "< img"_L1);
+        const QString path =
+            sandbox->write(fileName(), TestSupport::speciesFile(u"benzene"_s, {title, title}));
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
         QVERIFY(window.loadSpecies(path));
-        const QString windowTitle = QLatin1String("KORVELA Entry Edit - ") + fileName();
+        const QString windowTitle = "KORVELA Entry Edit - "_L1 + fileName();
         QCOMPARE(window.windowTitle(), windowTitle);
         QCOMPARE(TestSupport::spectra(window).constFirst()->windowTitle(), title);
         const auto* tabs = window.findChild<QTabBar*>();
@@ -351,17 +352,16 @@ private Q_SLOTS:
         CreateDatabase dialog(nullptr);
         QVERIFY(TestSupport::showActive(dialog));
         const QString source = sandbox->write(fileName(), "{}");
-        dialogs->expectFileDialog(QStringLiteral("Select JSON Files to be added to the database"),
-                                  source);
+        dialogs->expectFileDialog(u"Select JSON Files to be added to the database"_s, source);
         QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton_2"), Qt::LeftButton);
-        dialogs->expectFileDialog(QStringLiteral("Database will be saved to..."),
-                                  sandbox->path(QLatin1String("new") + fileName()));
+        dialogs->expectFileDialog(u"Database will be saved to..."_s,
+                                  sandbox->path("new"_L1 + fileName()));
         QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton"), Qt::LeftButton);
 
         const auto* list = TestSupport::child<QListWidget>(dialog, "listWidget");
         QCOMPARE(list->count(), 1);
         QCOMPARE(list->item(0)->text(), fileName());
-        const QString target = QLatin1String("new") + fileName();
+        const QString target = "new"_L1 + fileName();
         QCOMPARE(TestSupport::child<QLabel>(dialog, "label_5")->text(), target);
         lookAtEverything(dialog);
         QVERIFY(nothingWasRead());
@@ -370,7 +370,7 @@ private Q_SLOTS:
     void fileDialogReadsNothing()
     {
         sandbox->write(fileName(), "{}");
-        QVERIFY(QDir(sandbox->path()).mkdir(fileName() + QLatin1Char('d')));
+        QVERIFY(QDir(sandbox->path()).mkdir(fileName() + u'd'));
         TestSupport::rememberFolder(sandbox->path());
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
@@ -378,7 +378,7 @@ private Q_SLOTS:
             const auto* list = dialog.findChild<QTreeView*>();
             const auto shown = [list] { return list->model()->rowCount(list->rootIndex()) > 1; };
             if (!QTest::qWaitFor(shown))
-                dialogs->complain(QStringLiteral("the folder is not shown"));
+                dialogs->complain(u"the folder is not shown"_s);
             lookAtEverything(dialog);
             dialog.close();
         });
@@ -391,16 +391,16 @@ private Q_SLOTS:
         const QString path = sandbox->write(fileName(), "{}");
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
-        dialogs->expectFileDialog(QStringLiteral("Save Species JSON File"), path);
+        dialogs->expectFileDialog(u"Save Species JSON File"_s, path);
         dialogs->expect([this](QWidget& question) {
             auto* box = qobject_cast<QMessageBox*>(&question);
             if (box == nullptr || !box->text().contains(fileName()))
-                dialogs->complain(QStringLiteral("the question is another one"));
+                dialogs->complain(u"the question is another one"_s);
             lookAtEverything(question);
             QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
         });
         TestSupport::trigger(window, "actionSaveSpeciesAs");
-        const QString windowTitle = QLatin1String("KORVELA Entry Edit - ") + fileName();
+        const QString windowTitle = "KORVELA Entry Edit - "_L1 + fileName();
         QCOMPARE(window.windowTitle(), windowTitle);
         QVERIFY(nothingWasRead());
     }
@@ -421,7 +421,7 @@ private Q_SLOTS:
         dialogs->expect([this, path](QWidget& dialog) {
             const auto* box = qobject_cast<QMessageBox*>(&dialog);
             if (box == nullptr || !box->text().contains(path))
-                dialogs->complain(QStringLiteral("the box does not quote the path"));
+                dialogs->complain(u"the box does not quote the path"_s);
             lookAtEverything(dialog);
             dialog.close();
         });
@@ -452,18 +452,18 @@ private Q_SLOTS:
     void messageBoxReadsNothing()
     {
         QFETCH(const int, icon);
-        const QString text = filledIn(QStringLiteral("<img src=\"FILE\"> <b>a</b>"));
+        const QString text = filledIn(u"<img src=\"FILE\"> <b>a</b>"_s);
         dialogs->expect([&](QWidget& dialog) {
             auto* box = qobject_cast<QMessageBox*>(&dialog);
             if (box == nullptr || box->textFormat() != Qt::PlainText || box->text() != text ||
-                box->icon() != icon || box->windowTitle() != QLatin1String("Error") ||
+                box->icon() != icon || box->windowTitle() != "Error"_L1 ||
                 box->standardButtons() != QMessageBox::Ok)
-                dialogs->complain(QStringLiteral("the box is another one"));
+                dialogs->complain(u"the box is another one"_s);
             if (dialog.grab().isNull())
-                dialogs->complain(QStringLiteral("the box cannot be painted"));
+                dialogs->complain(u"the box cannot be painted"_s);
             dialog.close();
         });
-        const QString title = QStringLiteral("Error");
+        const QString title = u"Error"_s;
         if (icon == QMessageBox::Information)
             Messages::information(nullptr, title, text);
         else if (icon == QMessageBox::Warning)
@@ -476,15 +476,15 @@ private Q_SLOTS:
 private:
     [[nodiscard]] QString filledIn(QString pattern) const
     {
-        return pattern.replace(QLatin1String("FILE"), trap->path())
-            .replace(QLatin1String("URL"), trap->url())
-            .replace(QLatin1String("HOST"), host->url());
+        return pattern.replace("FILE"_L1, trap->path())
+            .replace("URL"_L1, trap->url())
+            .replace("HOST"_L1, host->url());
     }
 
     /// A text that makes an ordinary field read, in as many ways as a line holds.
     [[nodiscard]] QString everyTrap() const
     {
-        return filledIn(QStringLiteral("a<img src=\"FILE\"><img src=\"URL\"><img src=\"HOST\">"));
+        return filledIn(u"a<img src=\"FILE\"><img src=\"URL\"><img src=\"HOST\">"_s);
     }
 
     /// A name that makes an ordinary label read the trap: no name holds a slash, but all may hold
@@ -492,16 +492,16 @@ private:
     [[nodiscard]] QString fileName() const
     {
         const QString encoded = QString::fromLatin1(QUrl::toPercentEncoding(trap->path()));
-        return QStringLiteral("<img src=%1>.json").arg(encoded);
+        return u"<img src=%1>.json"_s.arg(encoded);
     }
 
     [[nodiscard]] QJsonObject datasetOfTraps() const
     {
-        QJsonObject dataset{{QStringLiteral("Type"), QStringLiteral("Spectrum v1")}};
+        QJsonObject dataset{{u"Type"_s, u"Spectrum v1"_s}};
         for (const char* key :
              {"Title", "Uploader", "DOI", "FurtherRefs", "T", "FurtherComments", "CreatedDate",
               "FacilityDate", "Source", "Resolution", "Normalization"})
-            dataset.insert(QLatin1String(key), everyTrap());
+            dataset.insert(QLatin1StringView(key), everyTrap());
         return dataset;
     }
 

@@ -234,7 +234,7 @@ private:
     /// Presses the keys where the focus is.
     static void press(const char* keys)
     {
-        QTest::keySequence(QApplication::focusWidget(), QKeySequence(QLatin1String(keys)));
+        QTest::keySequence(QApplication::focusWidget(), QKeySequence(QLatin1StringView(keys)));
     }
 
     std::optional<Sandbox> sandbox;

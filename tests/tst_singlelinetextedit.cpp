@@ -16,6 +16,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The window of the fields; keeps account of the keys that reach it.
@@ -110,7 +112,7 @@ private Q_SLOTS:
         QCOMPARE(fresh->frameStyle(), 0);
         QCOMPARE(fresh->lineWrapMode(), QTextEdit::NoWrap);
         QCOMPARE(fresh->styleSheet(),
-                 QStringLiteral("background-color: white; border: 1px solid gray; padding: 2px;"));
+                 u"background-color: white; border: 1px solid gray; padding: 2px;"_s);
     }
 
     void returnInsertsNoLineBreakButReachesTheParent_data()
@@ -131,24 +133,24 @@ private Q_SLOTS:
     {
         QFETCH(const int, key);
         QFETCH(const int, modifiers);
-        QTest::keyClicks(field, QStringLiteral("ab"));
+        QTest::keyClicks(field, u"ab"_s);
         const int height = field->height();
         QTest::keyClick(field, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
         QCOMPARE(window->keys.count(key), 1);
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("ab"));
+        QCOMPARE(field->cleanedHtml(), u"ab"_s);
         QCOMPARE(field->document()->blockCount(), 1);
         QCOMPARE(field->height(), height);
-        QTest::keyClicks(field, QStringLiteral("c"));
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("abc"));
+        QTest::keyClicks(field, u"c"_s);
+        QCOMPARE(field->cleanedHtml(), u"abc"_s);
         QCOMPARE(window->keys.count(key), 1);
     }
 
     void returnLeavesASelectionAlone()
     {
-        QTest::keyClicks(field, QStringLiteral("ab"));
+        QTest::keyClicks(field, u"ab"_s);
         field->selectAll();
         QTest::keyClick(field, Qt::Key_Return);
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("ab"));
+        QCOMPARE(field->cleanedHtml(), u"ab"_s);
         QVERIFY(field->textCursor().hasSelection());
     }
 
@@ -168,8 +170,8 @@ private Q_SLOTS:
         row("white space alone", " \n\t ", "");
         row("markup is text", "H<sub>2</sub>O<br>x", "H<sub>2</sub>O<br>x");
         QTest::newRow("line and paragraph separators")
-            << QStringLiteral("one\u2028two\u2029three") << QStringLiteral("one two three");
-        QTest::newRow("no-break space") << QStringLiteral("1\u00a0eV") << QStringLiteral("1 eV");
+            << u"one\u2028two\u2029three"_s << u"one two three"_s;
+        QTest::newRow("no-break space") << u"1\u00a0eV"_s << u"1 eV"_s;
     }
 
     void pastedTextBecomesOneLine()
@@ -182,53 +184,53 @@ private Q_SLOTS:
 
     void pasteReplacesTheSelectionAtTheCursor()
     {
-        QTest::keyClicks(field, QStringLiteral("abcd"));
+        QTest::keyClicks(field, u"abcd"_s);
         QTextCursor cursor = field->textCursor();
         cursor.setPosition(1);
         cursor.setPosition(3, QTextCursor::KeepAnchor);
         field->setTextCursor(cursor);
-        pasteText(QStringLiteral(" x\ny "));
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("ax yd"));
+        pasteText(u" x\ny "_s);
+        QCOMPARE(field->cleanedHtml(), u"ax yd"_s);
     }
 
     void pastedRichTextLeavesItsCharactersOnly()
     {
         auto* data = new QMimeData;
-        data->setHtml(QStringLiteral("<p><b>one</b> <font color='red'>t<sup>w</sup>o</font></p>"));
-        data->setText(QStringLiteral("one two"));
+        data->setHtml(u"<p><b>one</b> <font color='red'>t<sup>w</sup>o</font></p>"_s);
+        data->setText(u"one two"_s);
         QGuiApplication::clipboard()->setMimeData(data);
         paste();
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("one two"));
+        QCOMPARE(field->cleanedHtml(), u"one two"_s);
         QVERIFY(!field->toHtml().contains(u"color:#ff0000"));
         QCOMPARE(field->fontWeight(), int(QFont::Normal));
     }
 
     void pastedImageIsIgnored()
     {
-        QTest::keyClicks(field, QStringLiteral("a"));
+        QTest::keyClicks(field, u"a"_s);
         QImage image(3, 3, QImage::Format_RGB32);
         image.fill(Qt::red);
         QGuiApplication::clipboard()->setImage(image);
         paste();
-        QCOMPARE(field->toPlainText(), QStringLiteral("a"));
+        QCOMPARE(field->toPlainText(), u"a"_s);
     }
 
     void pasteTakesTheFormatAtTheCursor()
     {
         QTextCursor cursor = field->textCursor();
-        cursor.insertText(QStringLiteral("12"), superscript());
+        cursor.insertText(u"12"_s, superscript());
         cursor.setPosition(1);
         field->setTextCursor(cursor);
-        pasteText(QStringLiteral("x y"));
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("<sup>1x y2</sup>"));
+        pasteText(u"x y"_s);
+        QCOMPARE(field->cleanedHtml(), u"<sup>1x y2</sup>"_s);
     }
 
     void typingTakesTheFormatAtTheCursor()
     {
-        field->setCleanedHtml(QStringLiteral("a<sub>2</sub>"));
+        field->setCleanedHtml(u"a<sub>2</sub>"_s);
         QTest::keyClick(field, Qt::Key_End);
-        QTest::keyClicks(field, QStringLiteral("3"));
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("a<sub>23</sub>"));
+        QTest::keyClicks(field, u"3"_s);
+        QCOMPARE(field->cleanedHtml(), u"a<sub>23</sub>"_s);
     }
 
     void freshFieldIsAsHighAsItsEmptyDocument()
@@ -240,7 +242,7 @@ private Q_SLOTS:
 
     void heightFollowsTyping()
     {
-        QTest::keyClicks(field, QStringLiteral("water"));
+        QTest::keyClicks(field, u"water"_s);
         QCOMPARE(field->minimumHeight(), documentHeight(*field) + 5);
         QCOMPARE(field->maximumHeight(), documentHeight(*field) + 5);
         QCOMPARE(field->document()->blockCount(), 1);
@@ -250,7 +252,7 @@ private Q_SLOTS:
     {
         field->setFontPointSize(40);
         const int oneLine = field->height();
-        pasteText(QStringLiteral("water"));
+        pasteText(u"water"_s);
         QCOMPARE(field->height(), documentHeight(*field) + 5);
         QVERIFY(field->height() > oneLine);
     }
@@ -258,7 +260,7 @@ private Q_SLOTS:
     void loadingLeavesTheHeightUntilTheNextKey()
     {
         const int oneLine = field->height();
-        field->setCleanedHtml(QStringLiteral("one<br>two<br>three"));
+        field->setCleanedHtml(u"one<br>two<br>three"_s);
         QCOMPARE(field->minimumHeight(), oneLine);
         QCOMPARE(field->maximumHeight(), oneLine);
         QTest::keyClick(field, Qt::Key_Return);
@@ -267,13 +269,13 @@ private Q_SLOTS:
         QTest::keyClick(field, Qt::Key_Right);
         QCOMPARE(field->minimumHeight(), documentHeight(*field) + 5);
         QVERIFY(field->minimumHeight() > oneLine);
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("one<br>two<br>three"));
+        QCOMPARE(field->cleanedHtml(), u"one<br>two<br>three"_s);
     }
 
     void longTextStaysOnOneLine()
     {
         const int oneLine = field->height();
-        pasteText(QStringLiteral("long word ").repeated(200));
+        pasteText(u"long word "_s.repeated(200));
         QCOMPARE(field->document()->firstBlock().lineCount(), 1);
         QCOMPARE(field->height(), oneLine);
     }

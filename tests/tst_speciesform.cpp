@@ -13,19 +13,21 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using TestSupport::child;
 
 namespace {
 
 const QString& cleanTitle()
 {
-    static const QString title = QStringLiteral("KORVELA Entry Edit - entry.json");
+    static const QString title = u"KORVELA Entry Edit - entry.json"_s;
     return title;
 }
 
 const QString& modifiedTitle()
 {
-    static const QString title = QStringLiteral("KORVELA Entry Edit - entry.json *");
+    static const QString title = u"KORVELA Entry Edit - entry.json *"_s;
     return title;
 }
 
@@ -90,9 +92,8 @@ class TestSpeciesForm : public QObject
     /// Loads a species file, so that the document is unmodified from here on.
     [[nodiscard]] bool loadEntry(const QByteArray& species) const
     {
-        return window->loadSpecies(
-            sandbox->write(QStringLiteral("entry.json"),
-                           "{\"Type\": \"Species v1\", \"Species\": " + species + "}"));
+        return window->loadSpecies(sandbox->write(
+            u"entry.json"_s, "{\"Type\": \"Species v1\", \"Species\": " + species + "}"));
     }
 
 private Q_SLOTS:
@@ -147,15 +148,15 @@ private Q_SLOTS:
         QFETCH(const int, column);
         CleanTextEdit* typedInto = field(name);
         typedInto->setFocus();
-        QTest::keyClicks(typedInto, QStringLiteral("12.5"));
+        QTest::keyClicks(typedInto, u"12.5"_s);
         QCOMPARE(cell(column), QVariant());
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit"_s);
 
         leave();
-        QTRY_COMPARE(cell(column), QVariant(QStringLiteral("12.5")));
+        QTRY_COMPARE(cell(column), QVariant(u"12.5"_s));
         QCOMPARE(cell(column).metaType(), QMetaType::fromType<QString>());
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - (untitled) *"));
-        QCOMPARE(typedInto->cleanedHtml(), QStringLiteral("12.5"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - (untitled) *"_s);
+        QCOMPARE(typedInto->cleanedHtml(), u"12.5"_s);
         for (int other = 0; other < 11; ++other) {
             if (other != column)
                 QCOMPARE(cell(other), QVariant());
@@ -168,18 +169,18 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, name);
         QFETCH(const int, column);
-        load(column, QStringLiteral("a<sub>2</sub> < b"));
-        QCOMPARE(field(name)->cleanedHtml(), QStringLiteral("a<sub>2</sub> < b"));
-        QCOMPARE(field(name)->toPlainText(), QStringLiteral("a2 < b"));
+        load(column, u"a<sub>2</sub> < b"_s);
+        QCOMPARE(field(name)->cleanedHtml(), u"a<sub>2</sub> < b"_s);
+        QCOMPARE(field(name)->toPlainText(), u"a2 < b"_s);
     }
 
     void tabKeyCommitsToo()
     {
         field("lineEditVIE")->setFocus();
-        QTest::keyClicks(field("lineEditVIE"), QStringLiteral("9.1"));
+        QTest::keyClicks(field("lineEditVIE"), u"9.1"_s);
         QTest::keyClick(field("lineEditVIE"), Qt::Key_Tab);
         QVERIFY(field("lineEditVIEComment")->hasFocus());
-        QTRY_COMPARE(cell(8), QVariant(QStringLiteral("9.1")));
+        QTRY_COMPARE(cell(8), QVariant(u"9.1"_s));
         QCOMPARE(cell(9), QVariant());
     }
 
@@ -206,9 +207,9 @@ private Q_SLOTS:
     void leavingOneFieldWritesNoOther()
     {
         QVERIFY(loadEntry(R"({"Name": "<i>more</i> than the  field can show", "CAS": "a"})"));
-        type("lineEditCAS", QStringLiteral("b"));
-        QTRY_COMPARE(cell(5).toString(), QStringLiteral("b"));
-        QCOMPARE(cell(0).toString(), QStringLiteral("<i>more</i> than the  field can show"));
+        type("lineEditCAS", u"b"_s);
+        QTRY_COMPARE(cell(5).toString(), u"b"_s);
+        QCOMPARE(cell(0).toString(), u"<i>more</i> than the  field can show"_s);
     }
 
     void typingAndUndoingDoesNotModify()
@@ -216,7 +217,7 @@ private Q_SLOTS:
         QVERIFY(loadEntry(R"({"Name": "water"})"));
         field("lineEditSpecies")->setFocus();
         QTest::keyClick(field("lineEditSpecies"), Qt::Key_End);
-        QTest::keyClicks(field("lineEditSpecies"), QStringLiteral("x"));
+        QTest::keyClicks(field("lineEditSpecies"), u"x"_s);
         QTest::keyClick(field("lineEditSpecies"), Qt::Key_Backspace);
         leave();
         QCOMPARE(window->windowTitle(), cleanTitle());
@@ -233,7 +234,7 @@ private Q_SLOTS:
         leave();
         QCOMPARE(changes.count(), 0);
         QVERIFY(!cell(column).isValid());
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit"_s);
     }
 
     void emptiedFieldIsWrittenAndModifies_data() { fieldRows(); }
@@ -246,9 +247,9 @@ private Q_SLOTS:
             R"({"Name": "1", "Aliases": "1", "Mass": 1, "Formula": "1", "InChI": "1", "CAS": "1",
                 "PubChem": "1", "AIE": "1", "VIE": "1", "AIE_Comment": "1", "VIE_Comment": "1"})"));
         QCOMPARE(window->windowTitle(), cleanTitle());
-        QCOMPARE(field(name)->cleanedHtml(), QStringLiteral("1"));
+        QCOMPARE(field(name)->cleanedHtml(), u"1"_s);
         type(name, QString());
-        QTRY_COMPARE(cell(column), QVariant(QString(QLatin1String(""))));
+        QTRY_COMPARE(cell(column), QVariant(QString(""_L1)));
         QCOMPARE(window->windowTitle(), modifiedTitle());
         QCOMPARE(field(name)->cleanedHtml(), QString());
     }
@@ -257,10 +258,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("json");
         QTest::addColumn<QString>("text");
-        QTest::newRow("fraction") << QByteArray("16.04") << QStringLiteral("16.04");
-        QTest::newRow("whole") << QByteArray("16") << QStringLiteral("16");
-        QTest::newRow("zero") << QByteArray("0") << QStringLiteral("0");
-        QTest::newRow("long") << QByteArray("18.0105646863") << QStringLiteral("18.0105646863");
+        QTest::newRow("fraction") << QByteArray("16.04") << u"16.04"_s;
+        QTest::newRow("whole") << QByteArray("16") << u"16"_s;
+        QTest::newRow("zero") << QByteArray("0") << u"0"_s;
+        QTest::newRow("long") << QByteArray("18.0105646863") << u"18.0105646863"_s;
     }
 
     void loadedMassIsShownAsText()
@@ -278,8 +279,8 @@ private Q_SLOTS:
     void typedMassIsHeldAsTyped()
     {
         QVERIFY(loadEntry(R"({"Mass": 16.04})"));
-        type("lineEditMass", QStringLiteral("16.043"));
-        QTRY_COMPARE(cell(2).toString(), QStringLiteral("16.043"));
+        type("lineEditMass", u"16.043"_s);
+        QTRY_COMPARE(cell(2).toString(), u"16.043"_s);
         QCOMPARE(cell(2).metaType(), QMetaType::fromType<QString>());
         QCOMPARE(window->windowTitle(), modifiedTitle());
     }
@@ -290,8 +291,8 @@ private Q_SLOTS:
         for (const char* text : {"resolution < 10 meV", "<", "a<b", "<<", "a <= b", "R&D", "1 > 2",
                                  "1 < 2 > 0", "AT&T; <5", "\"quoted\" 'x'", "10.1000/xyz?a=1&b=2"})
             QTest::newRow(text) << QString::fromLatin1(text);
-        QTest::newRow("no-break space") << QStringLiteral("9.1\u00a0eV");
-        QTest::newRow("outside Latin 1") << QStringLiteral("\u03b1-pinene \u2192 \u2212 \u00b1");
+        QTest::newRow("no-break space") << u"9.1\u00a0eV"_s;
+        QTest::newRow("outside Latin 1") << u"\u03b1-pinene \u2192 \u2212 \u00b1"_s;
     }
 
     void specialCharactersSurviveLeavingAgainAndAgain()
@@ -312,35 +313,34 @@ private Q_SLOTS:
 
     void lessThanBesideRaisedTextSurvivesLeaving()
     {
-        load(9, QStringLiteral("<sup>3</sup>He < 5"));
+        load(9, u"<sup>3</sup>He < 5"_s);
         QTest::keyClick(field("lineEditAIEComment"), Qt::Key_End);
         field("lineEditAIEComment")->setFocus();
         QTest::keyClick(field("lineEditAIEComment"), Qt::Key_End);
-        QTest::keyClicks(field("lineEditAIEComment"), QStringLiteral(" < 6"));
+        QTest::keyClicks(field("lineEditAIEComment"), u" < 6"_s);
         leave();
-        QTRY_COMPARE(cell(9).toString(), QStringLiteral("<sup>3</sup>He < 5 < 6"));
-        QCOMPARE(field("lineEditAIEComment")->cleanedHtml(),
-                 QStringLiteral("<sup>3</sup>He < 5 < 6"));
+        QTRY_COMPARE(cell(9).toString(), u"<sup>3</sup>He < 5 < 6"_s);
+        QCOMPARE(field("lineEditAIEComment")->cleanedHtml(), u"<sup>3</sup>He < 5 < 6"_s);
     }
 
     void linesOfAliasesAreJoinedInTheRecord()
     {
         field("textEditAliases")->setFocus();
-        QTest::keyClicks(field("textEditAliases"), QStringLiteral("one"));
+        QTest::keyClicks(field("textEditAliases"), u"one"_s);
         QTest::keyClick(field("textEditAliases"), Qt::Key_Return);
-        QTest::keyClicks(field("textEditAliases"), QStringLiteral("two"));
+        QTest::keyClicks(field("textEditAliases"), u"two"_s);
         leave();
-        QTRY_COMPARE(cell(1).toString(), QStringLiteral("one<br>two"));
-        QCOMPARE(field("textEditAliases")->toPlainText(), QStringLiteral("one\ntwo"));
+        QTRY_COMPARE(cell(1).toString(), u"one<br>two"_s);
+        QCOMPARE(field("textEditAliases")->toPlainText(), u"one\ntwo"_s);
     }
 
     void aliasesTakeNoDropsAndHaveTheirStyle()
     {
         QVERIFY(!field("textEditAliases")->acceptDrops());
         const QString style = field("textEditAliases")->styleSheet().simplified().remove(u' ');
-        QCOMPARE(style, QStringLiteral("QTextEdit{background:white;border:1pxsolidlightgray;"
-                                       "padding:2px;color:black;}QTextEdit:focus{border:1pxsolid"
-                                       "#4A90E2;}"));
+        QCOMPARE(style, u"QTextEdit{background:white;border:1pxsolidlightgray;"
+                        "padding:2px;color:black;}QTextEdit:focus{border:1pxsolid"
+                        "#4A90E2;}"_s);
     }
 
     void acceptedChangeOfAnyColumnModifiesTheDocument_data()
@@ -357,7 +357,7 @@ private Q_SLOTS:
         QCOMPARE(window->windowTitle(), cleanTitle());
         QImage image(2, 2, QImage::Format_RGB32);
         image.fill(Qt::red);
-        load(column, column == 11 ? QVariant::fromValue(image) : QVariant(QStringLiteral("x")));
+        load(column, column == 11 ? QVariant::fromValue(image) : QVariant(u"x"_s));
         QCOMPARE(window->windowTitle(), modifiedTitle());
     }
 };

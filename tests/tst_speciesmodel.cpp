@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QImage picture(Qt::GlobalColor colour = Qt::red)
@@ -67,7 +69,7 @@ private Q_SLOTS:
         const QAbstractItemModelTester tester(
             &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         for (int column = 0; column < 11; ++column)
-            QVERIFY(model.setData(model.index(0, column), QStringLiteral("x"), Qt::EditRole));
+            QVERIFY(model.setData(model.index(0, column), u"x"_s, Qt::EditRole));
         QVERIFY(model.setData(model.index(0, 11), picture(), Qt::EditRole));
         model.fromJson({});
     }
@@ -76,15 +78,15 @@ private Q_SLOTS:
     {
         SpeciesModel model;
         const QModelIndex cell = model.index(0, SpeciesModel::Name);
-        QVERIFY(model.setData(cell, QStringLiteral("water"), Qt::EditRole));
-        QCOMPARE(model.data(cell, Qt::EditRole), QVariant(QStringLiteral("water")));
-        QCOMPARE(model.data(cell, Qt::DisplayRole), QVariant(QStringLiteral("water")));
+        QVERIFY(model.setData(cell, u"water"_s, Qt::EditRole));
+        QCOMPARE(model.data(cell, Qt::EditRole), QVariant(u"water"_s));
+        QCOMPARE(model.data(cell, Qt::DisplayRole), QVariant(u"water"_s));
     }
 
     void editRoleIsTheDefault()
     {
         SpeciesModel model;
-        QVERIFY(model.setData(model.index(0, SpeciesModel::Name), QStringLiteral("water")));
+        QVERIFY(model.setData(model.index(0, SpeciesModel::Name), u"water"_s));
     }
 
     void newTextIsWrittenToEveryColumnOnce_data()
@@ -100,14 +102,14 @@ private Q_SLOTS:
         SpeciesModel model;
         const QSignalSpy changes(&model, &SpeciesModel::dataChanged);
         const QModelIndex cell = model.index(0, column);
-        QVERIFY(model.setData(cell, QStringLiteral("a"), Qt::EditRole));
+        QVERIFY(model.setData(cell, u"a"_s, Qt::EditRole));
         QCOMPARE(changes.count(), 1);
         QCOMPARE(changes.at(0).at(0).toModelIndex(), cell);
-        QVERIFY(!model.setData(cell, QStringLiteral("a"), Qt::EditRole));
+        QVERIFY(!model.setData(cell, u"a"_s, Qt::EditRole));
         QCOMPARE(changes.count(), 1);
-        QVERIFY(model.setData(cell, QStringLiteral("b"), Qt::EditRole));
+        QVERIFY(model.setData(cell, u"b"_s, Qt::EditRole));
         QCOMPARE(changes.count(), 2);
-        QCOMPARE(model.data(cell).toString(), QStringLiteral("b"));
+        QCOMPARE(model.data(cell).toString(), u"b"_s);
     }
 
     void unchangedValuesAreRefused_data()
@@ -117,22 +119,20 @@ private Q_SLOTS:
         QTest::addColumn<bool>("written");
         const QVariant nothing;
         const QVariant empty = QString();
-        const QVariant text = QStringLiteral("16.04");
+        const QVariant text = u"16.04"_s;
         const QVariant number = 16.04;
         QTest::newRow("nothing over nothing") << nothing << nothing << false;
         QTest::newRow("empty text over nothing") << nothing << empty << false;
-        QTest::newRow("empty, not null, text over nothing")
-            << nothing << QVariant(QStringLiteral("")) << false;
+        QTest::newRow("empty, not null, text over nothing") << nothing << QVariant(u""_s) << false;
         QTest::newRow("text over nothing") << nothing << text << true;
         QTest::newRow("number over nothing") << nothing << number << true;
         QTest::newRow("zero over nothing") << nothing << QVariant(0.0) << true;
         QTest::newRow("same text") << text << text << false;
-        QTest::newRow("other text") << text << QVariant(QStringLiteral("16.0")) << true;
-        QTest::newRow("text in other case")
-            << QVariant(QStringLiteral("a")) << QVariant(QStringLiteral("A")) << true;
+        QTest::newRow("other text") << text << QVariant(u"16.0"_s) << true;
+        QTest::newRow("text in other case") << QVariant(u"a"_s) << QVariant(u"A"_s) << true;
         QTest::newRow("empty text over text") << text << empty << true;
         QTest::newRow("nothing over text") << text << nothing << true;
-        QTest::newRow("blank over text") << text << QVariant(QStringLiteral(" ")) << true;
+        QTest::newRow("blank over text") << text << QVariant(u" "_s) << true;
         QTest::newRow("same number") << number << number << false;
         QTest::newRow("the number's own text") << number << text << false;
         QTest::newRow("number over its own text") << text << number << false;
@@ -163,11 +163,11 @@ private Q_SLOTS:
     {
         SpeciesModel model;
         const QModelIndex cell = model.index(0, SpeciesModel::Name);
-        QVERIFY(model.setData(cell, QStringLiteral("a"), Qt::EditRole));
+        QVERIFY(model.setData(cell, u"a"_s, Qt::EditRole));
         QVERIFY(model.setData(cell, QString(), Qt::EditRole));
         const QSignalSpy changes(&model, &SpeciesModel::dataChanged);
         QVERIFY(!model.setData(cell, QString(), Qt::EditRole));
-        QVERIFY(!model.setData(cell, QStringLiteral(""), Qt::EditRole));
+        QVERIFY(!model.setData(cell, u""_s, Qt::EditRole));
         QCOMPARE(changes.count(), 0);
     }
 
@@ -188,7 +188,7 @@ private Q_SLOTS:
         const QSignalSpy changes(&model, &SpeciesModel::dataChanged);
         const QSignalSpy imageChanges(&model, &SpeciesModel::imageChanged);
         for (int column = 0; column < 11; ++column)
-            QVERIFY(!model.setData(model.index(0, column), QStringLiteral("a"), role));
+            QVERIFY(!model.setData(model.index(0, column), u"a"_s, role));
         QVERIFY(!model.setData(model.index(0, 11), picture(), role));
         QCOMPARE(changes.count(), 0);
         QCOMPARE(imageChanges.count(), 0);
@@ -200,10 +200,10 @@ private Q_SLOTS:
     {
         SpeciesModel model;
         const QSignalSpy changes(&model, &SpeciesModel::dataChanged);
-        QVERIFY(!model.setData(QModelIndex(), QStringLiteral("a"), Qt::EditRole));
-        QVERIFY(!model.setData(model.index(1, 0), QStringLiteral("a"), Qt::EditRole));
-        QVERIFY(!model.setData(model.index(0, 12), QStringLiteral("a"), Qt::EditRole));
-        QVERIFY(!model.setData(model.index(-1, 0), QStringLiteral("a"), Qt::EditRole));
+        QVERIFY(!model.setData(QModelIndex(), u"a"_s, Qt::EditRole));
+        QVERIFY(!model.setData(model.index(1, 0), u"a"_s, Qt::EditRole));
+        QVERIFY(!model.setData(model.index(0, 12), u"a"_s, Qt::EditRole));
+        QVERIFY(!model.setData(model.index(-1, 0), u"a"_s, Qt::EditRole));
         QCOMPARE(changes.count(), 0);
     }
 
@@ -213,12 +213,12 @@ private Q_SLOTS:
         model.setRowCount(1);
         model.setColumnCount(1);
         const QModelIndex cell = model.index(0, 0);
-        QVERIFY(model.setData(cell, QStringLiteral("a"), Qt::EditRole));
-        QVERIFY(!model.setData(cell, QStringLiteral("a"), Qt::DisplayRole));
-        QVERIFY(model.setData(cell, QStringLiteral("a"), Qt::ToolTipRole));
-        QVERIFY(!model.setData(cell, QStringLiteral("a"), Qt::ToolTipRole));
+        QVERIFY(model.setData(cell, u"a"_s, Qt::EditRole));
+        QVERIFY(!model.setData(cell, u"a"_s, Qt::DisplayRole));
+        QVERIFY(model.setData(cell, u"a"_s, Qt::ToolTipRole));
+        QVERIFY(!model.setData(cell, u"a"_s, Qt::ToolTipRole));
         QVERIFY(!model.setData(cell, QString(), Qt::UserRole));
-        QVERIFY(!model.setData(QModelIndex(), QStringLiteral("a"), Qt::EditRole));
+        QVERIFY(!model.setData(QModelIndex(), u"a"_s, Qt::EditRole));
     }
 
     void baseModelHasNoMetaObjectOfItsOwn()
@@ -266,7 +266,7 @@ private Q_SLOTS:
         SpeciesModel model;
         const QSignalSpy imageChanges(&model, &SpeciesModel::imageChanged);
         for (int column = 0; column < 11; ++column)
-            model.setData(model.index(0, column), QStringLiteral("a"), Qt::EditRole);
+            model.setData(model.index(0, column), u"a"_s, Qt::EditRole);
         QCOMPARE(imageChanges.count(), 0);
     }
 
@@ -275,7 +275,7 @@ private Q_SLOTS:
         QTest::addColumn<QVariant>("value");
         QTest::newRow("nothing") << QVariant();
         QTest::newRow("null image") << QVariant::fromValue(QImage());
-        QTest::newRow("text") << QVariant(QStringLiteral("no image"));
+        QTest::newRow("text") << QVariant(u"no image"_s);
         QTest::newRow("number") << QVariant(5);
     }
 
@@ -315,7 +315,7 @@ private Q_SLOTS:
     void imageIsNullWhenTheCellHoldsSomethingElse()
     {
         SpeciesModel model;
-        model.setItem(0, SpeciesModel::StructureImage, new QStandardItem(QStringLiteral("text")));
+        model.setItem(0, SpeciesModel::StructureImage, new QStandardItem(u"text"_s));
         QVERIFY(model.image().isNull());
     }
 };

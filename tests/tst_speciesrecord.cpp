@@ -9,6 +9,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QImage picture()
@@ -37,33 +39,33 @@ void textFieldRows()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<int>("column");
-    QTest::newRow("Name") << QStringLiteral("Name") << 0;
-    QTest::newRow("Aliases") << QStringLiteral("Aliases") << 1;
-    QTest::newRow("Formula") << QStringLiteral("Formula") << 3;
-    QTest::newRow("InChI") << QStringLiteral("InChI") << 4;
-    QTest::newRow("CAS") << QStringLiteral("CAS") << 5;
-    QTest::newRow("PubChem") << QStringLiteral("PubChem") << 6;
-    QTest::newRow("AIE") << QStringLiteral("AIE") << 7;
-    QTest::newRow("VIE") << QStringLiteral("VIE") << 8;
-    QTest::newRow("AIE_Comment") << QStringLiteral("AIE_Comment") << 9;
-    QTest::newRow("VIE_Comment") << QStringLiteral("VIE_Comment") << 10;
+    QTest::newRow("Name") << u"Name"_s << 0;
+    QTest::newRow("Aliases") << u"Aliases"_s << 1;
+    QTest::newRow("Formula") << u"Formula"_s << 3;
+    QTest::newRow("InChI") << u"InChI"_s << 4;
+    QTest::newRow("CAS") << u"CAS"_s << 5;
+    QTest::newRow("PubChem") << u"PubChem"_s << 6;
+    QTest::newRow("AIE") << u"AIE"_s << 7;
+    QTest::newRow("VIE") << u"VIE"_s << 8;
+    QTest::newRow("AIE_Comment") << u"AIE_Comment"_s << 9;
+    QTest::newRow("VIE_Comment") << u"VIE_Comment"_s << 10;
 }
 
 /// A record in which every field holds something else.
 QJsonObject fullRecord()
 {
-    return {{QStringLiteral("Name"), QStringLiteral("water")},
-            {QStringLiteral("Aliases"), QStringLiteral("oxidane<br>dihydrogen monoxide")},
-            {QStringLiteral("Mass"), 18.015},
-            {QStringLiteral("Formula"), QStringLiteral("H<sub>2</sub>O")},
-            {QStringLiteral("InChI"), QStringLiteral("InChI=1S/H2O/h1H2")},
-            {QStringLiteral("CAS"), QStringLiteral("7732-18-5")},
-            {QStringLiteral("PubChem"), QStringLiteral("962")},
-            {QStringLiteral("AIE"), QStringLiteral("12.621(2)")},
-            {QStringLiteral("VIE"), QStringLiteral("12.65")},
-            {QStringLiteral("AIE_Comment"), QStringLiteral("doi a")},
-            {QStringLiteral("VIE_Comment"), QStringLiteral("doi v")},
-            {QStringLiteral("StructuralFormula"), base64Of(picture(), "PNG")}};
+    return {{u"Name"_s, u"water"_s},
+            {u"Aliases"_s, u"oxidane<br>dihydrogen monoxide"_s},
+            {u"Mass"_s, 18.015},
+            {u"Formula"_s, u"H<sub>2</sub>O"_s},
+            {u"InChI"_s, u"InChI=1S/H2O/h1H2"_s},
+            {u"CAS"_s, u"7732-18-5"_s},
+            {u"PubChem"_s, u"962"_s},
+            {u"AIE"_s, u"12.621(2)"_s},
+            {u"VIE"_s, u"12.65"_s},
+            {u"AIE_Comment"_s, u"doi a"_s},
+            {u"VIE_Comment"_s, u"doi v"_s},
+            {u"StructuralFormula"_s, base64Of(picture(), "PNG")}};
 }
 
 } // namespace
@@ -76,14 +78,12 @@ class TestSpeciesRecord : public QObject
 private Q_SLOTS:
     void freshRecordHasAllKeysButThePicture()
     {
-        const QString empty(QLatin1String(""));
+        const QString empty(""_L1);
         const QJsonObject expected{
-            {QStringLiteral("Name"), empty},       {QStringLiteral("Aliases"), empty},
-            {QStringLiteral("Mass"), 0},           {QStringLiteral("Formula"), empty},
-            {QStringLiteral("InChI"), empty},      {QStringLiteral("CAS"), empty},
-            {QStringLiteral("PubChem"), empty},    {QStringLiteral("AIE"), empty},
-            {QStringLiteral("VIE"), empty},        {QStringLiteral("AIE_Comment"), empty},
-            {QStringLiteral("VIE_Comment"), empty}};
+            {u"Name"_s, empty},        {u"Aliases"_s, empty},    {u"Mass"_s, 0},
+            {u"Formula"_s, empty},     {u"InChI"_s, empty},      {u"CAS"_s, empty},
+            {u"PubChem"_s, empty},     {u"AIE"_s, empty},        {u"VIE"_s, empty},
+            {u"AIE_Comment"_s, empty}, {u"VIE_Comment"_s, empty}};
         QCOMPARE(SpeciesModel().toJson(), expected);
     }
 
@@ -94,12 +94,12 @@ private Q_SLOTS:
         QFETCH(const QString, key);
         QFETCH(const int, column);
         SpeciesModel model;
-        model.setData(model.index(0, column), QStringLiteral("H<sub>2</sub> & <i>x</i>"));
+        model.setData(model.index(0, column), u"H<sub>2</sub> & <i>x</i>"_s);
         const QJsonObject record = model.toJson();
-        QCOMPARE(record.value(key), QJsonValue(QStringLiteral("H<sub>2</sub> & x")));
+        QCOMPARE(record.value(key), QJsonValue(u"H<sub>2</sub> & x"_s));
         for (const QString& other : record.keys()) {
-            if (other != key && other != QLatin1String("Mass"))
-                QCOMPARE(record.value(other), QJsonValue(QString(QLatin1String(""))));
+            if (other != key && other != "Mass"_L1)
+                QCOMPARE(record.value(other), QJsonValue(QString(""_L1)));
         }
     }
 
@@ -110,9 +110,9 @@ private Q_SLOTS:
         QFETCH(const QString, key);
         QFETCH(const int, column);
         SpeciesModel model;
-        model.fromJson(withValue(key, QStringLiteral("a <b>bold</b> <sub>2</sub> &amp; <")));
+        model.fromJson(withValue(key, u"a <b>bold</b> <sub>2</sub> &amp; <"_s));
         QCOMPARE(model.data(model.index(0, column), Qt::EditRole),
-                 QVariant(QStringLiteral("a <b>bold</b> <sub>2</sub> &amp; <")));
+                 QVariant(u"a <b>bold</b> <sub>2</sub> &amp; <"_s));
         for (int other = 0; other < 11; ++other) {
             if (other != column && other != SpeciesModel::Mass)
                 QCOMPARE(model.data(model.index(0, other)).toString(), QString());
@@ -143,25 +143,25 @@ private Q_SLOTS:
         QFETCH(const QString, text);
         SpeciesModel model;
         model.setData(model.index(0, SpeciesModel::Name), text);
-        QTEST(model.toJson().value(QStringLiteral("Name")).toString(), "written");
+        QTEST(model.toJson().value(u"Name"_s).toString(), "written");
     }
 
     void massIsWrittenAsNumber_data()
     {
         QTest::addColumn<QVariant>("cell");
         QTest::addColumn<double>("number");
-        QTest::newRow("typed") << QVariant(QStringLiteral("16.04")) << 16.04;
+        QTest::newRow("typed") << QVariant(u"16.04"_s) << 16.04;
         QTest::newRow("loaded") << QVariant(16.04) << 16.04;
-        QTest::newRow("blanks around") << QVariant(QStringLiteral(" 16.04 ")) << 16.04;
-        QTest::newRow("exponent") << QVariant(QStringLiteral("1.6e1")) << 16.0;
-        QTest::newRow("whole") << QVariant(QStringLiteral("16")) << 16.0;
-        QTest::newRow("negative") << QVariant(QStringLiteral("-1.5")) << -1.5;
-        QTest::newRow("letters") << QVariant(QStringLiteral("heavy")) << 0.0;
-        QTest::newRow("unit behind") << QVariant(QStringLiteral("16.04 amu")) << 0.0;
-        QTest::newRow("decimal comma") << QVariant(QStringLiteral("16,04")) << 0.0;
-        QTest::newRow("thousands") << QVariant(QStringLiteral("1,604.5")) << 0.0;
-        QTest::newRow("markup") << QVariant(QStringLiteral("16<sub>0</sub>")) << 0.0;
-        QTest::newRow("blank") << QVariant(QStringLiteral(" ")) << 0.0;
+        QTest::newRow("blanks around") << QVariant(u" 16.04 "_s) << 16.04;
+        QTest::newRow("exponent") << QVariant(u"1.6e1"_s) << 16.0;
+        QTest::newRow("whole") << QVariant(u"16"_s) << 16.0;
+        QTest::newRow("negative") << QVariant(u"-1.5"_s) << -1.5;
+        QTest::newRow("letters") << QVariant(u"heavy"_s) << 0.0;
+        QTest::newRow("unit behind") << QVariant(u"16.04 amu"_s) << 0.0;
+        QTest::newRow("decimal comma") << QVariant(u"16,04"_s) << 0.0;
+        QTest::newRow("thousands") << QVariant(u"1,604.5"_s) << 0.0;
+        QTest::newRow("markup") << QVariant(u"16<sub>0</sub>"_s) << 0.0;
+        QTest::newRow("blank") << QVariant(u" "_s) << 0.0;
         QTest::newRow("never set") << QVariant() << 0.0;
     }
 
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QFETCH(const QVariant, cell);
         SpeciesModel model;
         model.setData(model.index(0, SpeciesModel::Mass), cell);
-        const QJsonValue mass = model.toJson().value(QStringLiteral("Mass"));
+        const QJsonValue mass = model.toJson().value(u"Mass"_s);
         QVERIFY(mass.isDouble());
         QTEST(mass.toDouble(), "number");
     }
@@ -178,9 +178,9 @@ private Q_SLOTS:
     void emptiedMassIsWrittenAsZero()
     {
         SpeciesModel model;
-        model.setData(model.index(0, SpeciesModel::Mass), QStringLiteral("16"));
+        model.setData(model.index(0, SpeciesModel::Mass), u"16"_s);
         model.setData(model.index(0, SpeciesModel::Mass), QString());
-        QCOMPARE(model.toJson().value(QStringLiteral("Mass")), QJsonValue(0));
+        QCOMPARE(model.toJson().value(u"Mass"_s), QJsonValue(0));
     }
 
     void massIsReadAsNumber_data()
@@ -230,23 +230,22 @@ private Q_SLOTS:
     {
         QFETCH(const QString, stored);
         SpeciesModel model;
-        model.fromJson(withValue(QStringLiteral("Aliases"), stored));
+        model.fromJson(withValue(u"Aliases"_s, stored));
         QTEST(model.data(model.index(0, SpeciesModel::Aliases)).toString(), "cell");
     }
 
     void lineBreaksOfOtherFieldsAreReadAsTheyAre()
     {
         SpeciesModel model;
-        model.fromJson(withValue(QStringLiteral("Name"), QStringLiteral("a\r\nb\nc")));
-        QCOMPARE(model.data(model.index(0, SpeciesModel::Name)).toString(),
-                 QStringLiteral("a\r\nb\nc"));
+        model.fromJson(withValue(u"Name"_s, u"a\r\nb\nc"_s));
+        QCOMPARE(model.data(model.index(0, SpeciesModel::Name)).toString(), u"a\r\nb\nc"_s);
     }
 
     void pictureIsWrittenAsPngInBase64()
     {
         SpeciesModel model;
         model.setData(model.index(0, SpeciesModel::StructureImage), picture());
-        const QJsonValue value = model.toJson().value(QStringLiteral("StructuralFormula"));
+        const QJsonValue value = model.toJson().value(u"StructuralFormula"_s);
         QVERIFY(value.isString());
         const auto decoded = QByteArray::fromBase64Encoding(
             value.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
@@ -262,8 +261,7 @@ private Q_SLOTS:
         SpeciesModel model;
         model.setData(model.index(0, SpeciesModel::StructureImage), picture());
         model.setData(model.index(0, SpeciesModel::StructureImage), QVariant());
-        QCOMPARE(model.toJson().value(QStringLiteral("StructuralFormula")),
-                 QJsonValue(QString(QLatin1String(""))));
+        QCOMPARE(model.toJson().value(u"StructuralFormula"_s), QJsonValue(QString(""_L1)));
     }
 
     void pictureIsRead_data()
@@ -273,9 +271,8 @@ private Q_SLOTS:
         QTest::newRow("PNG") << png;
         QTest::newRow("BMP") << base64Of(picture(), "BMP");
         QTest::newRow("PPM") << base64Of(picture(), "PPM");
-        QTest::newRow("line breaks inside") << QString(png).insert(20, QStringLiteral("\r\n"));
-        QTest::newRow("foreign characters inside")
-            << QString(png).insert(9, QStringLiteral(" \u00e4 !"));
+        QTest::newRow("line breaks inside") << QString(png).insert(20, u"\r\n"_s);
+        QTest::newRow("foreign characters inside") << QString(png).insert(9, u" \u00e4 !"_s);
         QTest::newRow("no padding") << QString(png).remove(u'=');
     }
 
@@ -284,7 +281,7 @@ private Q_SLOTS:
         QFETCH(const QString, text);
         SpeciesModel model;
         const QSignalSpy imageChanges(&model, &SpeciesModel::imageChanged);
-        model.fromJson(withValue(QStringLiteral("StructuralFormula"), text));
+        model.fromJson(withValue(u"StructuralFormula"_s, text));
         QCOMPARE(imageChanges.count(), 1);
         QCOMPARE(model.image().convertToFormat(QImage::Format_RGB32), picture());
     }
@@ -292,11 +289,11 @@ private Q_SLOTS:
     void unreadablePictureClearsTheOldOne_data()
     {
         QTest::addColumn<QJsonObject>("record");
-        const QString key = QStringLiteral("StructuralFormula");
+        const QString key = u"StructuralFormula"_s;
         const QString png = base64Of(picture(), "PNG");
         QTest::newRow("missing") << QJsonObject();
-        QTest::newRow("empty") << withValue(key, QString(QLatin1String("")));
-        QTest::newRow("text") << withValue(key, QStringLiteral("no picture at all"));
+        QTest::newRow("empty") << withValue(key, QString(""_L1));
+        QTest::newRow("text") << withValue(key, u"no picture at all"_s);
         QTest::newRow("base64 of text")
             << withValue(key, QString::fromLatin1(QByteArray("hello").toBase64()));
         QTest::newRow("truncated") << withValue(key, png.left(40));
@@ -331,9 +328,8 @@ private Q_SLOTS:
             QTest::addRow("%s number", key) << name << QJsonValue(12.5);
             QTest::addRow("%s true", key) << name << QJsonValue(true);
             QTest::addRow("%s null", key) << name << QJsonValue(QJsonValue::Null);
-            QTest::addRow("%s list", key) << name << QJsonValue(QJsonArray{QStringLiteral("a")});
-            QTest::addRow("%s object", key)
-                << name << QJsonValue(QJsonObject{{name, QStringLiteral("a")}});
+            QTest::addRow("%s list", key) << name << QJsonValue(QJsonArray{u"a"_s});
+            QTest::addRow("%s object", key) << name << QJsonValue(QJsonObject{{name, u"a"_s}});
         }
     }
 
@@ -347,7 +343,7 @@ private Q_SLOTS:
         record.insert(key, value);
         model.fromJson(record);
         QJsonObject expected = fullRecord();
-        expected.insert(key, QString(QLatin1String("")));
+        expected.insert(key, QString(""_L1));
         QCOMPARE(model.toJson(), expected);
     }
 
@@ -381,9 +377,9 @@ private Q_SLOTS:
         const QJsonObject written = first.toJson();
         QCOMPARE(written.size(), 12);
         QJsonObject text = written;
-        text.remove(QStringLiteral("StructuralFormula"));
+        text.remove(u"StructuralFormula"_s);
         QJsonObject expected = fullRecord();
-        expected.remove(QStringLiteral("StructuralFormula"));
+        expected.remove(u"StructuralFormula"_s);
         QCOMPARE(text, expected);
 
         SpeciesModel second;
@@ -394,13 +390,12 @@ private Q_SLOTS:
     void unknownKeysAreIgnored()
     {
         QJsonObject record = fullRecord();
-        record.insert(QStringLiteral("name"), QStringLiteral("other"));
-        record.insert(QStringLiteral("Extra"), QJsonArray{1, 2});
+        record.insert(u"name"_s, u"other"_s);
+        record.insert(u"Extra"_s, QJsonArray{1, 2});
         SpeciesModel model;
         model.fromJson(record);
-        QCOMPARE(model.data(model.index(0, SpeciesModel::Name)).toString(),
-                 QStringLiteral("water"));
-        QVERIFY(!model.toJson().contains(QStringLiteral("Extra")));
+        QCOMPARE(model.data(model.index(0, SpeciesModel::Name)).toString(), u"water"_s);
+        QVERIFY(!model.toJson().contains(u"Extra"_s));
     }
 };
 

@@ -20,6 +20,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char* const caffeineTarget = "/cgi/cbook.cgi?Struct=C58082&Type=Color";
@@ -81,7 +83,7 @@ private Q_SLOTS:
     {
         const QImage picture = plainPicture(Qt::darkGreen);
         host->serve(caffeineTarget, png(picture));
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         clickDownload();
         QVERIFY(finishDownload());
 
@@ -93,36 +95,35 @@ private Q_SLOTS:
         const QPixmap shown = TestSupport::child<QLabel>(*window, "imageLabel")->pixmap();
         QVERIFY(!shown.isNull());
         QCOMPARE(shown.toImage().pixelColor(shown.rect().center()), QColor(Qt::darkGreen));
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - (untitled) *"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - (untitled) *"_s);
     }
 
     void pictureMarksASavedDocumentModifiedOnce()
     {
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
-        const QString file =
-            sandbox->write(QStringLiteral("caffeine.json"),
-                           "{\"Type\":\"Species v1\",\"Species\":{\"CAS\":\"58-08-2\"}}");
+        const QString file = sandbox->write(
+            u"caffeine.json"_s, "{\"Type\":\"Species v1\",\"Species\":{\"CAS\":\"58-08-2\"}}");
         QVERIFY(window->loadSpecies(file));
         clickDownload();
         QVERIFY(finishDownload());
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - caffeine.json *"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - caffeine.json *"_s);
 
         TestSupport::trigger(*window, "actionSaveSpecies");
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - caffeine.json"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - caffeine.json"_s);
         clickDownload();
         QVERIFY(finishDownload());
         QCOMPARE(host->requests().size(), 2);
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - caffeine.json"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - caffeine.json"_s);
     }
 
     void casNumbersInAnyDressAreAccepted_data()
     {
         QTest::addColumn<QString>("html");
-        QTest::newRow("plain") << QStringLiteral("58-08-2");
-        QTest::newRow("blanks around") << QStringLiteral("&nbsp; 58-08-2 &nbsp;");
-        QTest::newRow("superscript") << QStringLiteral("<sup>58</sup>-08-2");
-        QTest::newRow("subscript") << QStringLiteral("58<sub>-08-</sub>2");
-        QTest::newRow("both") << QStringLiteral("<sup>5</sup><sub>8</sub>-08-<sup>2</sup>");
+        QTest::newRow("plain") << u"58-08-2"_s;
+        QTest::newRow("blanks around") << u"&nbsp; 58-08-2 &nbsp;"_s;
+        QTest::newRow("superscript") << u"<sup>58</sup>-08-2"_s;
+        QTest::newRow("subscript") << u"58<sub>-08-</sub>2"_s;
+        QTest::newRow("both") << u"<sup>5</sup><sub>8</sub>-08-<sup>2</sup>"_s;
     }
 
     void casNumbersInAnyDressAreAccepted()
@@ -138,7 +139,7 @@ private Q_SLOTS:
     void blanksTypedAroundTheNumberAreAccepted()
     {
         host->serve(caffeineTarget, png(plainPicture(Qt::blue)));
-        typeCasNumber(QStringLiteral("  58-08-2  "));
+        typeCasNumber(u"  58-08-2  "_s);
         clickDownload();
         QVERIFY(finishDownload());
         QCOMPARE(storedPicture(), plainPicture(Qt::blue));
@@ -148,13 +149,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("typed");
         QTest::newRow("nothing") << QString();
-        QTest::newRow("blanks") << QStringLiteral("   ");
-        QTest::newRow("wrong check digit") << QStringLiteral("58-08-3");
-        QTest::newRow("one digit in the middle") << QStringLiteral("58-8-2");
-        QTest::newRow("eight digits in front") << QStringLiteral("10000000-00-0");
-        QTest::newRow("blank inside") << QStringLiteral("58 -08-2");
-        QTest::newRow("no hyphens") << QStringLiteral("58082");
-        QTest::newRow("name") << QStringLiteral("caffeine");
+        QTest::newRow("blanks") << u"   "_s;
+        QTest::newRow("wrong check digit") << u"58-08-3"_s;
+        QTest::newRow("one digit in the middle") << u"58-8-2"_s;
+        QTest::newRow("eight digits in front") << u"10000000-00-0"_s;
+        QTest::newRow("blank inside") << u"58 -08-2"_s;
+        QTest::newRow("no hyphens") << u"58082"_s;
+        QTest::newRow("name") << u"caffeine"_s;
     }
 
     void invalidCasNumbersAskForNothing()
@@ -181,7 +182,7 @@ private Q_SLOTS:
     {
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
         keepPicture();
-        typeCasNumber(QStringLiteral("7732-18-5"));
+        typeCasNumber(u"7732-18-5"_s);
         expectDownloadFailed();
         clickDownload();
         QVERIFY(finishDownload());
@@ -202,9 +203,9 @@ private Q_SLOTS:
         QFETCH(const QByteArray, body);
         host->serve(caffeineTarget, body);
         keepPicture();
-        typeCasNumber(QStringLiteral("58-08-2"));
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Image Error"),
-                           QStringLiteral("Failed to load the image data."));
+        typeCasNumber(u"58-08-2"_s);
+        dialogs->expectBox(QMessageBox::Critical, u"Image Error"_s,
+                           u"Failed to load the image data."_s);
         clickDownload();
         QVERIFY(finishDownload());
         QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
@@ -215,7 +216,7 @@ private Q_SLOTS:
         trust.reset();
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
         keepPicture();
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         expectDownloadFailed();
         clickDownload();
         QVERIFY(finishDownload());
@@ -227,7 +228,7 @@ private Q_SLOTS:
     {
         host->close();
         keepPicture();
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         expectDownloadFailed();
         clickDownload();
         QVERIFY(finishDownload());
@@ -238,7 +239,7 @@ private Q_SLOTS:
     {
         host->serveEndlessly(caffeineTarget);
         keepPicture();
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         expectDownloadFailed();
         clickDownload();
         QVERIFY(finishDownload());
@@ -249,14 +250,14 @@ private Q_SLOTS:
     {
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
         host->holdAnswers();
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         clickDownload();
         QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, patience);
 
         QVERIFY(TestSupport::child<QPushButton>(*window, "buttonDownload")->isEnabled());
         auto* field = TestSupport::child<QTextEdit>(*window, "lineEditSpecies");
-        TestSupport::typeInto(*field, QStringLiteral("caffeine"));
-        QCOMPARE(field->toPlainText(), QStringLiteral("caffeine"));
+        TestSupport::typeInto(*field, u"caffeine"_s);
+        QCOMPARE(field->toPlainText(), u"caffeine"_s);
         QVERIFY(storedPicture().isNull());
 
         host->release(caffeineTarget);
@@ -269,9 +270,9 @@ private Q_SLOTS:
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
         host->serve(waterTarget, png(plainPicture(Qt::blue)));
         host->holdAnswers();
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         clickDownload();
-        typeCasNumber(QStringLiteral("7732-18-5"));
+        typeCasNumber(u"7732-18-5"_s);
         clickDownload();
         QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 2, patience);
 
@@ -286,7 +287,7 @@ private Q_SLOTS:
     void finishedReplyIsReleased()
     {
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         clickDownload();
         auto* manager = window->findChild<QNetworkAccessManager*>();
         QCOMPARE(manager->findChildren<QNetworkReply*>().size(), 1);
@@ -298,7 +299,7 @@ private Q_SLOTS:
     {
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
         host->holdAnswers();
-        typeCasNumber(QStringLiteral("58-08-2"));
+        typeCasNumber(u"58-08-2"_s);
         clickDownload();
         QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, patience);
         auto* reply = window->findChild<QNetworkReply*>();
@@ -354,14 +355,14 @@ private:
 
     void expectInvalidInput()
     {
-        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("Invalid Input"),
-                           QStringLiteral("Please enter a valid CAS number (e.g., 58-08-2)."));
+        dialogs->expectBox(QMessageBox::Warning, u"Invalid Input"_s,
+                           u"Please enter a valid CAS number (e.g., 58-08-2)."_s);
     }
 
     void expectDownloadFailed()
     {
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Download Failed"),
-                           QStringLiteral("Failed to download the image."));
+        dialogs->expectBox(QMessageBox::Critical, u"Download Failed"_s,
+                           u"Failed to download the image."_s);
     }
 
     void verifyNothingWasAsked()

@@ -18,10 +18,12 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr QLatin1String clearEntry("Clear Image");
-constexpr QLatin1String pasteEntry("Paste Image from Clipboard");
+constexpr QLatin1StringView clearEntry("Clear Image");
+constexpr QLatin1StringView pasteEntry("Paste Image from Clipboard");
 
 QImage picture(int width, int height, const QColor& colour = Qt::red)
 {
@@ -67,10 +69,10 @@ private Q_SLOTS:
                 texts.append(action->text());
             if (menu == nullptr ||
                 texts != QStringList({QString(clearEntry), QString(pasteEntry)}) ||
-                menu->title() != QLatin1String("Image Menu"))
-                dialogs->complain(QStringLiteral("another menu was expected"));
+                menu->title() != "Image Menu"_L1)
+                dialogs->complain(u"another menu was expected"_s);
             if (widget.pos() != label().mapToGlobal(position))
-                dialogs->complain(QStringLiteral("the menu opens elsewhere"));
+                dialogs->complain(u"the menu opens elsewhere"_s);
             QTest::keyClick(&widget, Qt::Key_Escape);
         });
         requestMenu(position);
@@ -107,7 +109,7 @@ private Q_SLOTS:
         const QList<QMenu*> menus = window->findChildren<QMenu*>();
         for (const QMenu* menu : menus)
             titles.append(menu->title());
-        QVERIFY(!titles.contains(QStringLiteral("Image Menu")));
+        QVERIFY(!titles.contains(u"Image Menu"_s));
     }
 
     void clearingEmptiesTheLabelAndMarksTheDocument()
@@ -178,8 +180,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("nothing") << QString();
-        QTest::newRow("text") << QStringLiteral("58-08-2");
-        QTest::newRow("address of a picture") << QStringLiteral("file:///picture.png");
+        QTest::newRow("text") << u"58-08-2"_s;
+        QTest::newRow("address of a picture") << u"file:///picture.png"_s;
     }
 
     void pastingWithoutAnImageIsReported()
@@ -189,8 +191,8 @@ private Q_SLOTS:
         if (!text.isEmpty())
             QGuiApplication::clipboard()->setText(text);
         chooseFromNextMenu(pasteEntry);
-        dialogs->expectBox(QMessageBox::Warning, QStringLiteral("No Image"),
-                           QStringLiteral("The clipboard does not contain an image."));
+        dialogs->expectBox(QMessageBox::Warning, u"No Image"_s,
+                           u"The clipboard does not contain an image."_s);
         requestMenu({10, 10});
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
         QCOMPARE(storedImage(), picture(40, 30));
@@ -281,8 +283,8 @@ private Q_SLOTS:
         loadEntryWith(picture(40, 30));
         choose(clearEntry);
         TestSupport::trigger(*window, "actionSaveSpecies");
-        QVERIFY(savedSpecies().contains(QStringLiteral("StructuralFormula")));
-        QVERIFY(savedSpecies().value(QStringLiteral("StructuralFormula")).isString());
+        QVERIFY(savedSpecies().contains(u"StructuralFormula"_s));
+        QVERIFY(savedSpecies().value(u"StructuralFormula"_s).isString());
         QCOMPARE(savedFormula(), QString());
     }
 
@@ -301,7 +303,7 @@ private:
                           label().mapTo(window.get(), position));
     }
 
-    void chooseFromNextMenu(QLatin1String text)
+    void chooseFromNextMenu(QLatin1StringView text)
     {
         dialogs->expect([this, text](QWidget& widget) {
             const auto* menu = qobject_cast<QMenu*>(&widget);
@@ -313,12 +315,12 @@ private:
                     return;
                 }
             }
-            dialogs->complain(QLatin1String("no menu entry ") + text);
+            dialogs->complain("no menu entry "_L1 + text);
             widget.close();
         });
     }
 
-    void choose(QLatin1String entry)
+    void choose(QLatin1StringView entry)
     {
         chooseFromNextMenu(entry);
         requestMenu({10, 10});
@@ -334,32 +336,32 @@ private:
 
     void loadEntryWith(const QImage& image)
     {
-        const QString file = sandbox->write(QStringLiteral("entry.json"), entryWith(image));
+        const QString file = sandbox->write(u"entry.json"_s, entryWith(image));
         QVERIFY(window->loadSpecies(file));
         verifyUnmodified();
     }
 
     void verifyUnmodified() const
     {
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - entry.json"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - entry.json"_s);
     }
 
     void verifyModified() const
     {
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - entry.json *"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - entry.json *"_s);
     }
 
     [[nodiscard]] QJsonObject savedSpecies() const
     {
-        return QJsonDocument::fromJson(sandbox->read(QStringLiteral("entry.json")))
+        return QJsonDocument::fromJson(sandbox->read(u"entry.json"_s))
             .object()
-            .value(QStringLiteral("Species"))
+            .value(u"Species"_s)
             .toObject();
     }
 
     [[nodiscard]] QString savedFormula() const
     {
-        return savedSpecies().value(QStringLiteral("StructuralFormula")).toString();
+        return savedSpecies().value(u"StructuralFormula"_s).toString();
     }
 };
 

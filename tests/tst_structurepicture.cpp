@@ -9,6 +9,8 @@
 #include <QImageReader>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QImage picture()
@@ -238,7 +240,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, pattern);
         const Sandbox sandbox;
-        const FifoTrap trap(sandbox.path(QStringLiteral("trap.png")));
+        const FifoTrap trap(sandbox.path(u"trap.png"_s));
         if (!trap.isSet())
             QSKIP("there are no pipes here");
         const auto fillIn = [&trap](QByteArray bytes) {
@@ -269,7 +271,7 @@ private Q_SLOTS:
     void drawingThatNamesAFileIsShownWithoutIt()
     {
         const Sandbox sandbox;
-        const QString path = sandbox.path(QStringLiteral("blue.png"));
+        const QString path = sandbox.path(u"blue.png"_s);
         QVERIFY(picture().save(path, "PNG"));
         const QImage image = StructurePicture::decode(
             drawing("<image width=\"20\" height=\"10\" preserveAspectRatio=\"none\" xlink:href=\"" +

@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A reply that has arrived, without any network.
@@ -28,7 +30,7 @@ public:
         : body(std::move(content))
     {
         if (problem != NoError)
-            setError(problem, QStringLiteral("no luck"));
+            setError(problem, u"no luck"_s);
         open(QIODevice::ReadOnly);
         setFinished(true);
     }
@@ -125,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(storedPicture().size(), size);
         QVERIFY(isNearly(storedPicture().pixelColor(0, 0), Qt::red));
         QVERIFY(!TestSupport::child<QLabel>(*window, "imageLabel")->pixmap().isNull());
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - (untitled) *"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - (untitled) *"_s);
     }
 
     void pictureIsKeptInTheColourDepthOfTheScreen_data()
@@ -160,12 +162,12 @@ private Q_SLOTS:
 
     void drawingReadsNoOtherFile()
     {
-        const FifoTrap trap(sandbox->path(QStringLiteral("trap.png")));
+        const FifoTrap trap(sandbox->path(u"trap.png"_s));
         if (!trap.isSet())
             QSKIP("no pipes on this system");
         const Deadline deadline;
         QByteArray content;
-        for (const QString& address : {trap.url(), trap.path(), QStringLiteral("trap.png")})
+        for (const QString& address : {trap.url(), trap.path(), u"trap.png"_s})
             content += "<image width='40' height='20' xlink:href='" + address.toUtf8() + "'/>";
         content += "<rect width='20' height='20' fill='red'/>";
         arrive(new ArrivedReply(drawing(content)));
@@ -190,8 +192,8 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, body);
         loadEntryWithPicture();
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Image Error"),
-                           QStringLiteral("Failed to load the image data."));
+        dialogs->expectBox(QMessageBox::Critical, u"Image Error"_s,
+                           u"Failed to load the image data."_s);
         const QPointer<QNetworkReply> reply = arrive(new ArrivedReply(body));
         verifyEntryIsUntouched();
         QTRY_VERIFY(reply.isNull());
@@ -213,8 +215,8 @@ private Q_SLOTS:
     {
         QFETCH(const QNetworkReply::NetworkError, error);
         loadEntryWithPicture();
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Download Failed"),
-                           QStringLiteral("Failed to download the image."));
+        dialogs->expectBox(QMessageBox::Critical, u"Download Failed"_s,
+                           u"Failed to download the image."_s);
         // A body that came before the error is not looked at.
         const QPointer<QNetworkReply> reply =
             arrive(new ArrivedReply(encoded(twoColours(QImage::Format_RGB32), "PNG"), error));
@@ -243,7 +245,7 @@ private Q_SLOTS:
         const QPointer<QNetworkReply> reply(new ArrivedReply({}, error));
         dialogs->expect([this, reply](QWidget& box) {
             if (reply.isNull())
-                dialogs->complain(QStringLiteral("the reply is gone already"));
+                dialogs->complain(u"the reply is gone already"_s);
             box.close();
         });
         arrive(reply);
@@ -254,18 +256,18 @@ private Q_SLOTS:
     {
         const QByteArray body = encoded(twoColours(QImage::Format_RGB32), "PNG");
         arrive(new ArrivedReply(body));
-        const QString file = sandbox->path(QStringLiteral("entry.json"));
-        dialogs->expectFileDialog(QStringLiteral("Save Species JSON File"), file);
+        const QString file = sandbox->path(u"entry.json"_s);
+        dialogs->expectFileDialog(u"Save Species JSON File"_s, file);
         TestSupport::trigger(*window, "actionSaveSpecies");
         const QSignalSpy imageChanges(window->findChild<SpeciesModel*>(),
                                       &SpeciesModel::imageChanged);
         arrive(new ArrivedReply(body));
         QCOMPARE(imageChanges.count(), 0);
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - entry.json"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - entry.json"_s);
 
         arrive(new ArrivedReply(redGif()));
         QCOMPARE(imageChanges.count(), 1);
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - entry.json *"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - entry.json *"_s);
     }
 
     void eachReplyIsTakenAsItArrives()
@@ -281,8 +283,8 @@ private Q_SLOTS:
     void failureAfterASuccessKeepsThePicture()
     {
         arrive(new ArrivedReply(encoded(twoColours(QImage::Format_RGB32), "PNG")));
-        dialogs->expectBox(QMessageBox::Critical, QStringLiteral("Download Failed"),
-                           QStringLiteral("Failed to download the image."));
+        dialogs->expectBox(QMessageBox::Critical, u"Download Failed"_s,
+                           u"Failed to download the image."_s);
         arrive(new ArrivedReply({}, QNetworkReply::TimeoutError));
         QCOMPARE(storedPicture(), twoColours(QImage::Format_RGB32));
     }
@@ -306,7 +308,7 @@ private:
     {
         const QByteArray picture = encoded(twoColours(QImage::Format_RGB32), "PNG").toBase64();
         const QString file = sandbox->write(
-            QStringLiteral("old.json"),
+            u"old.json"_s,
             "{\"Type\":\"Species v1\",\"Species\":{\"StructuralFormula\":\"" + picture + "\"}}");
         QVERIFY(window->loadSpecies(file));
         QCOMPARE(storedPicture(), twoColours(QImage::Format_RGB32));
@@ -316,7 +318,7 @@ private:
     {
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
         QCOMPARE(storedPicture(), twoColours(QImage::Format_RGB32));
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - old.json"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - old.json"_s);
     }
 };
 

@@ -16,6 +16,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using TestSupport::child;
 
 /// Raising and lowering the selected text of the field that has the focus.
@@ -52,14 +54,14 @@ class TestTextFormatting : public QObject
 
     static void expectNoField(DialogScript& dialogs)
     {
-        dialogs.expectBox(QMessageBox::Warning, QStringLiteral("No Text Field Focused"),
-                          QStringLiteral("Please focus on a text field to apply formatting."));
+        dialogs.expectBox(QMessageBox::Warning, u"No Text Field Focused"_s,
+                          u"Please focus on a text field to apply formatting."_s);
     }
 
     static void expectNoSelection(DialogScript& dialogs)
     {
-        dialogs.expectBox(QMessageBox::Information, QStringLiteral("No Selection"),
-                          QStringLiteral("Please select text to format."));
+        dialogs.expectBox(QMessageBox::Information, u"No Selection"_s,
+                          u"Please select text to format."_s);
     }
 
 private Q_SLOTS:
@@ -81,50 +83,48 @@ private Q_SLOTS:
     {
         QVERIFY(select(*formula, "H2O", 1, 2));
         lower();
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sub>2</sub>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
         lower();
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H2O"));
+        QCOMPARE(formula->cleanedHtml(), u"H2O"_s);
     }
 
     void shortcutRaisesTheSelectionAndBack()
     {
         QVERIFY(select(*formula, "H3O+", 3, 4));
         raise();
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H3O<sup>+</sup>"));
+        QCOMPARE(formula->cleanedHtml(), u"H3O<sup>+</sup>"_s);
         raise();
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H3O+"));
+        QCOMPARE(formula->cleanedHtml(), u"H3O+"_s);
     }
 
     void toolBarButtonsDoTheSame()
     {
         QVERIFY(select(*formula, "H2O", 1, 2));
         clickTool("actionSubscript");
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sub>2</sub>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
         clickTool("actionSuperscript");
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sup>2</sup>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sup>2</sup>O"_s);
         clickTool("actionSuperscript");
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H2O"));
+        QCOMPARE(formula->cleanedHtml(), u"H2O"_s);
         QVERIFY(formula->hasFocus());
     }
 
     void toolTipsNameTheShortcuts()
     {
-        QCOMPARE(child<QAction>(*window, "actionSuperscript")->toolTip(),
-                 QStringLiteral("Ctrl + P"));
-        QCOMPARE(child<QAction>(*window, "actionSubscript")->toolTip(), QStringLiteral("Ctrl + B"));
+        QCOMPARE(child<QAction>(*window, "actionSuperscript")->toolTip(), u"Ctrl + P"_s);
+        QCOMPARE(child<QAction>(*window, "actionSubscript")->toolTip(), u"Ctrl + B"_s);
         QCOMPARE(child<QAction>(*window, "actionSuperscript")->shortcut(),
-                 QKeySequence(QStringLiteral("Ctrl+P")));
-        QCOMPARE(child<QAction>(*window, "actionSubscript")->shortcut(),
-                 QKeySequence(QStringLiteral("Ctrl+B")));
+                 QKeySequence(u"Ctrl+P"_s));
+        QCOMPARE(child<QAction>(*window, "actionSubscript")->shortcut(), QKeySequence(u"Ctrl+B"_s));
     }
 
     void oneAlignmentReplacesTheOther()
     {
         QVERIFY(select(*formula, "H<sub>2</sub>O", 1, 2));
         raise();
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sup>2</sup>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sup>2</sup>O"_s);
         lower();
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sub>2</sub>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
     }
 
     void mixedSelectionFollowsTheCharacterBeforeTheCursor_data()
@@ -180,7 +180,7 @@ private Q_SLOTS:
         QCOMPARE(format.verticalAlignment(), QTextCharFormat::AlignSubScript);
         QCOMPARE(format.fontWeight(), int(QFont::Bold));
         QCOMPARE(format.foreground().color(), QColor(Qt::red));
-        QCOMPARE(formula->toPlainText(), QStringLiteral("H2O"));
+        QCOMPARE(formula->toPlainText(), u"H2O"_s);
     }
 
     void changeIsAnnouncedAndReachesTheRecordOnLeaving()
@@ -189,10 +189,10 @@ private Q_SLOTS:
         const QSignalSpy changes(formula, &CleanTextEdit::cleanedHtmlChanged);
         lower();
         QVERIFY(changes.count() > 0);
-        QCOMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit"));
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit"_s);
         QTest::keyClick(formula, Qt::Key_Tab);
-        QTRY_COMPARE(window->windowTitle(), QStringLiteral("KORVELA Entry Edit - (untitled) *"));
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sub>2</sub>O"));
+        QTRY_COMPARE(window->windowTitle(), u"KORVELA Entry Edit - (untitled) *"_s);
+        QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
     }
 
     void everyFieldOfTheSpeciesFormIsServed_data()
@@ -211,7 +211,7 @@ private Q_SLOTS:
         auto* field = child<CleanTextEdit>(*window, name.constData());
         QVERIFY(select(*field, "ab", 0, 1));
         raise();
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("<sup>a</sup>b"));
+        QCOMPARE(field->cleanedHtml(), u"<sup>a</sup>b"_s);
     }
 
     void fieldsOfSpectrumWindowsAreServed_data()
@@ -232,9 +232,9 @@ private Q_SLOTS:
         auto* field = child<CleanTextEdit>(*spectrum, name.constData());
         QVERIFY(select(*field, "ab", 0, 1));
         lower();
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("<sub>a</sub>b"));
+        QCOMPARE(field->cleanedHtml(), u"<sub>a</sub>b"_s);
         raise();
-        QCOMPARE(field->cleanedHtml(), QStringLiteral("<sup>a</sup>b"));
+        QCOMPARE(field->cleanedHtml(), u"<sup>a</sup>b"_s);
     }
 
     void commandWithoutASelectionOnlySaysSo_data()
@@ -259,7 +259,7 @@ private Q_SLOTS:
         expectNoSelection(dialogs);
         byShortcut ? raise() : clickTool("actionSuperscript");
         QVERIFY2(dialogs.passed(), dialogs.report().constData());
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sub>2</sub>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
     }
 
     void commandOutsideTextFieldsOnlySaysSo_data()
@@ -278,7 +278,7 @@ private Q_SLOTS:
         window->createNewSpectrumWindow();
         QVERIFY(select(*formula, "H2O", 1, 2));
         auto* points = child<QPlainTextEdit>(*window, "textEditSpect");
-        points->setPlainText(QStringLiteral("1 2"));
+        points->setPlainText(u"1 2"_s);
         points->selectAll();
         auto* widget = child<QWidget>(*window, name.constData());
         widget->setFocus();
@@ -294,8 +294,8 @@ private Q_SLOTS:
         expectNoField(dialogs);
         raise();
         QVERIFY2(dialogs.passed(), dialogs.report().constData());
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H2O"));
-        QCOMPARE(points->toPlainText(), QStringLiteral("1 2"));
+        QCOMPARE(formula->cleanedHtml(), u"H2O"_s);
+        QCOMPARE(points->toPlainText(), u"1 2"_s);
     }
 
     void commandWithoutAnyFocusOnlySaysSo()
@@ -313,13 +313,13 @@ private Q_SLOTS:
     {
         QVERIFY(select(*formula, "H2O", 1, 2));
         QVERIFY(QMetaObject::invokeMethod(window.get(), "applySubscript"));
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sub>2</sub>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
         QVERIFY(QMetaObject::invokeMethod(window.get(), "applySuperscript"));
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sup>2</sup>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sup>2</sup>O"_s);
         QVERIFY(QMetaObject::invokeMethod(
             window.get(), "applyTextFormatting",
             Q_ARG(QTextCharFormat::VerticalAlignment, QTextCharFormat::AlignSubScript)));
-        QCOMPARE(formula->cleanedHtml(), QStringLiteral("H<sub>2</sub>O"));
+        QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
     }
 };
 

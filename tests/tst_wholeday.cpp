@@ -21,6 +21,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr auto waterFile =
@@ -30,12 +32,12 @@ constexpr auto waterFile =
 
 QJsonObject part(const QByteArray& file, const char* key)
 {
-    return QJsonDocument::fromJson(file).object().value(QLatin1String(key)).toObject();
+    return QJsonDocument::fromJson(file).object().value(QLatin1StringView(key)).toObject();
 }
 
 QString text(const QJsonObject& object, const char* key)
 {
-    return object.value(QLatin1String(key)).toString();
+    return object.value(QLatin1StringView(key)).toString();
 }
 
 } // namespace
@@ -49,7 +51,7 @@ private Q_SLOTS:
     void init()
     {
         sandbox = std::make_unique<Sandbox>();
-        QVERIFY(QDir(sandbox->path()).mkdir(QStringLiteral("entries")));
+        QVERIFY(QDir(sandbox->path()).mkdir(u"entries"_s));
         dialogs = std::make_unique<DialogScript>();
         window = std::make_unique<MainWindow>();
         QVERIFY(TestSupport::showActive(*window));
@@ -64,70 +66,60 @@ private Q_SLOTS:
 
     void entriesAreRevisedExtendedAndCompiled()
     {
-        sandbox->write(QStringLiteral("entries/argon.json"),
-                       TestSupport::speciesFile(QStringLiteral("argon")));
-        sandbox->write(QStringLiteral("entries/notes.json"), "{\"to do\":[\"helium\"]}");
-        sandbox->write(QStringLiteral("entries/water.json"), waterFile);
+        sandbox->write(u"entries/argon.json"_s, TestSupport::speciesFile(u"argon"_s));
+        sandbox->write(u"entries/notes.json"_s, "{\"to do\":[\"helium\"]}");
+        sandbox->write(u"entries/water.json"_s, waterFile);
 
         // In the morning a folder is chosen and looked through.
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), entry({}));
+        dialogs->expectFileDialog(u"Select Folder"_s, entry({}));
         clickTool("actionSelectFolder");
-        verifyDocument(QStringLiteral("argon.json"), QStringLiteral("argon"), {});
+        verifyDocument(u"argon.json"_s, u"argon"_s, {});
         clickTool("actionNextFile");
-        verifyDocument(QStringLiteral("water.json"), QStringLiteral("water"),
-                       {QStringLiteral("threshold")});
+        verifyDocument(u"water.json"_s, u"water"_s, {u"threshold"_s});
 
         // The entry is revised with the keyboard and kept under a new name.
-        const QByteArray original = sandbox->read(QStringLiteral("entries/water.json"));
+        const QByteArray original = sandbox->read(u"entries/water.json"_s);
         activate();
-        TestSupport::typeInto(*textField("lineEditVIE"), QStringLiteral("12.62"));
+        TestSupport::typeInto(*textField("lineEditVIE"), u"12.62"_s);
         QTest::keyClick(textField("lineEditVIE"), Qt::Key_Tab);
         QVERIFY(textField("lineEditVIEComment")->hasFocus());
-        QTest::keyClicks(textField("lineEditVIEComment"), QStringLiteral("own H2O data"));
+        QTest::keyClicks(textField("lineEditVIEComment"), u"own H2O data"_s);
         lowerTheDigitOfWater();
         QTest::keyClick(textField("lineEditVIEComment"), Qt::Key_Tab);
-        verifyDocument(QStringLiteral("water.json *"), QStringLiteral("water"),
-                       {QStringLiteral("threshold")});
+        verifyDocument(u"water.json *"_s, u"water"_s, {u"threshold"_s});
 
-        dialogs->expectFileDialog(QStringLiteral("Save Species JSON File"),
-                                  entry(QStringLiteral("water-2.json")), entry({}));
+        dialogs->expectFileDialog(u"Save Species JSON File"_s, entry(u"water-2.json"_s), entry({}));
         TestSupport::trigger(*window, "actionSaveSpeciesAs");
-        verifyDocument(QStringLiteral("water-2.json"), QStringLiteral("water"),
-                       {QStringLiteral("threshold")});
-        QCOMPARE(sandbox->read(QStringLiteral("entries/water.json")), original);
-        const QByteArray revised = sandbox->read(QStringLiteral("entries/water-2.json"));
-        QCOMPARE(text(part(revised, "Species"), "VIE"), QStringLiteral("12.62"));
-        QCOMPARE(text(part(revised, "Species"), "VIE_Comment"),
-                 QStringLiteral("own H<sub>2</sub>O data"));
-        QCOMPARE(text(part(revised, "Dataset1"), "Title"), QStringLiteral("threshold"));
+        verifyDocument(u"water-2.json"_s, u"water"_s, {u"threshold"_s});
+        QCOMPARE(sandbox->read(u"entries/water.json"_s), original);
+        const QByteArray revised = sandbox->read(u"entries/water-2.json"_s);
+        QCOMPARE(text(part(revised, "Species"), "VIE"), u"12.62"_s);
+        QCOMPARE(text(part(revised, "Species"), "VIE_Comment"), u"own H<sub>2</sub>O data"_s);
+        QCOMPARE(text(part(revised, "Dataset1"), "Title"), u"threshold"_s);
 
         // Its spectrum starts a new entry.
         activate();
         press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
         press(Qt::Key_D, Qt::ControlModifier);
-        verifyDocument(QStringLiteral("(untitled)"), {}, {});
-        TestSupport::typeInto(*textField("lineEditSpecies"), QStringLiteral("heavy water"));
+        verifyDocument(u"(untitled)"_s, {}, {});
+        TestSupport::typeInto(*textField("lineEditSpecies"), u"heavy water"_s);
         QTest::keyClick(textField("lineEditSpecies"), Qt::Key_Tab);
         press(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
-        verifyDocument(QStringLiteral("(untitled) *"), QStringLiteral("heavy water"),
-                       {QStringLiteral("threshold")});
+        verifyDocument(u"(untitled) *"_s, u"heavy water"_s, {u"threshold"_s});
         const SpectrumWindow* spectrum = TestSupport::spectra(*window).constFirst();
         auto* title = TestSupport::child<QTextEdit>(*spectrum, "lineEditTitle");
-        TestSupport::typeInto(*title, QStringLiteral("deuterated"));
+        TestSupport::typeInto(*title, u"deuterated"_s);
         QTest::keyClick(title, Qt::Key_Tab);
         QTest::mouseClick(TestSupport::child<QPushButton>(*spectrum, "buttonNormalize"),
                           Qt::LeftButton);
         QCOMPARE(TestSupport::child<QPlainTextEdit>(*spectrum, "textEditSpect")->toPlainText(),
-                 QStringLiteral("12.6000 500.00\n12.7000 1000.00"));
+                 u"12.6000 500.00\n12.7000 1000.00"_s);
 
-        dialogs->expectFileDialog(QStringLiteral("Save Species JSON File"),
-                                  entry(QStringLiteral("heavy.json")), entry({}));
+        dialogs->expectFileDialog(u"Save Species JSON File"_s, entry(u"heavy.json"_s), entry({}));
         press(Qt::Key_S, Qt::ControlModifier);
-        verifyDocument(QStringLiteral("heavy.json"), QStringLiteral("heavy water"),
-                       {QStringLiteral("deuterated")});
-        const QByteArray heavy = sandbox->read(QStringLiteral("entries/heavy.json"));
-        QCOMPARE(part(heavy, "Dataset1").value(QLatin1String("I")).toArray(),
-                 QJsonArray({500, 1000}));
+        verifyDocument(u"heavy.json"_s, u"heavy water"_s, {u"deuterated"_s});
+        const QByteArray heavy = sandbox->read(u"entries/heavy.json"_s);
+        QCOMPARE(part(heavy, "Dataset1").value("I"_L1).toArray(), QJsonArray({500, 1000}));
 
         // Both entries go into a database.
         dialogs->expect([](QWidget& dialog) {
@@ -136,25 +128,22 @@ private Q_SLOTS:
             const auto* box = TestSupport::child<QDialogButtonBox>(dialog, "buttonBox");
             QTest::mouseClick(box->button(QDialogButtonBox::Ok), Qt::LeftButton);
         });
-        dialogs->expectFileDialog(QStringLiteral("Database will be saved to..."),
-                                  sandbox->path(QStringLiteral("database.json")), entry({}));
+        dialogs->expectFileDialog(u"Database will be saved to..."_s,
+                                  sandbox->path(u"database.json"_s), entry({}));
         for (const auto* name : {"water-2.json", "heavy.json"})
-            dialogs->expectFileDialog(
-                QStringLiteral("Select JSON Files to be added to the database"),
-                entry(QString::fromLatin1(name)), entry({}));
-        dialogs->expectBox(QMessageBox::Information, QStringLiteral("Success"),
-                           QStringLiteral("Species database created successfully."));
+            dialogs->expectFileDialog(u"Select JSON Files to be added to the database"_s,
+                                      entry(QString::fromLatin1(name)), entry({}));
+        dialogs->expectBox(QMessageBox::Information, u"Success"_s,
+                           u"Species database created successfully."_s);
         QVERIFY(QMetaObject::invokeMethod(window.get(), "createSpeciesDatabase"));
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        const QByteArray database = sandbox->read(QStringLiteral("database.json"));
-        QCOMPARE(part(database, "Entry1").value(QLatin1String("Species")).toObject(),
-                 part(revised, "Species"));
-        QCOMPARE(part(database, "Entry2").value(QLatin1String("Dataset1")).toObject(),
-                 part(heavy, "Dataset1"));
+        const QByteArray database = sandbox->read(u"database.json"_s);
+        QCOMPARE(part(database, "Entry1").value("Species"_L1).toObject(), part(revised, "Species"));
+        QCOMPARE(part(database, "Entry2").value("Dataset1"_L1).toObject(), part(heavy, "Dataset1"));
 
         // A last change is nearly forgotten.
         activate();
-        TestSupport::typeInto(*textField("lineEditSumFormula"), QStringLiteral("D2O"));
+        TestSupport::typeInto(*textField("lineEditSumFormula"), u"D2O"_s);
         QTest::keyClick(textField("lineEditSumFormula"), Qt::Key_Tab);
         dialogs->expectSaveQuestion(QMessageBox::Cancel);
         QVERIFY(!window->close());
@@ -163,25 +152,23 @@ private Q_SLOTS:
         QVERIFY(window->close());
         QVERIFY(!window->isVisible());
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        QCOMPARE(
-            text(part(sandbox->read(QStringLiteral("entries/heavy.json")), "Species"), "Formula"),
-            QStringLiteral("D2O"));
+        QCOMPARE(text(part(sandbox->read(u"entries/heavy.json"_s), "Species"), "Formula"),
+                 u"D2O"_s);
 
         // The next morning starts where this day ended.
         window = std::make_unique<MainWindow>();
         activate();
-        dialogs->expectFileDialog(QStringLiteral("Select Folder"), entry({}), entry({}));
+        dialogs->expectFileDialog(u"Select Folder"_s, entry({}), entry({}));
         clickTool("actionNextFile");
         clickTool("actionNextFile");
-        verifyDocument(QStringLiteral("heavy.json"), QStringLiteral("heavy water"),
-                       {QStringLiteral("deuterated")});
+        verifyDocument(u"heavy.json"_s, u"heavy water"_s, {u"deuterated"_s});
     }
 
 private:
     [[nodiscard]] QString entry(const QString& name) const
     {
-        const QString folder = sandbox->path(QStringLiteral("entries"));
-        return name.isEmpty() ? folder : QString(folder + QLatin1Char('/') + name);
+        const QString folder = sandbox->path(u"entries"_s);
+        return name.isEmpty() ? folder : QString(folder + u'/' + name);
     }
 
     [[nodiscard]] QTextEdit* textField(const char* name) const
@@ -219,7 +206,7 @@ private:
     void verifyDocument(const QString& title, const QString& species, const QStringList& spectra)
     {
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        QCOMPARE(window->windowTitle(), QLatin1String("KORVELA Entry Edit - ") + title);
+        QCOMPARE(window->windowTitle(), "KORVELA Entry Edit - "_L1 + title);
         QCOMPARE(TestSupport::cell(*window, SpeciesModel::Name), species);
         QCOMPARE(TestSupport::spectrumTitles(*window), spectra);
     }

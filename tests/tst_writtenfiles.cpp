@@ -104,8 +104,7 @@ private Q_SLOTS:
         const QList<QMdiSubWindow*> originals = subWindows(*window);
         for (QMdiSubWindow* original : originals) {
             child<QMdiArea>(*window, "mdiArea")->setActiveSubWindow(original);
-            const QString path =
-                sandbox->path(QStringLiteral("spectrum%1.json").arg(containers.size()));
+            const QString path = sandbox->path(u"spectrum%1.json"_s.arg(containers.size()));
             dialogs->expectFileDialog(u"Save Spectrum"_s, path);
             trigger(*window, "actionSaveSpectrumAs");
             containers.append(JsonFile::read(path).object);
@@ -116,7 +115,7 @@ private Q_SLOTS:
         const QJsonObject file = saveEntry(u"all.json"_s);
         QCOMPARE(SpeciesFile::datasets(file).size(), 2 * typeCount);
         for (int type = 0; type < typeCount; ++type) {
-            const QJsonObject dataset = file[QStringLiteral("Dataset%1").arg(type + 1)].toObject();
+            const QJsonObject dataset = file[u"Dataset%1"_s.arg(type + 1)].toObject();
             QCOMPARE(SpectrumContainer::wrap(dataset), containers.at(type));
             QCOMPARE(dataset[u"SpectType"], QJsonValue(type));
             QCOMPARE(dataset[u"LineSpectrum"], QJsonValue(type % 2 == 1));
@@ -124,8 +123,7 @@ private Q_SLOTS:
                      QJsonValue(QJsonArray{10.5, 1e-7, 11, QJsonValue(), 1234.5678}));
             QCOMPARE(dataset[u"I"], QJsonValue(QJsonArray{200, -2e3, QJsonValue(), 3, 0.1}));
             // Loading rounds, and has no number for null.
-            const QJsonObject pasted =
-                file[QStringLiteral("Dataset%1").arg(type + 1 + typeCount)].toObject();
+            const QJsonObject pasted = file[u"Dataset%1"_s.arg(type + 1 + typeCount)].toObject();
             QCOMPARE(pasted[u"E"], QJsonValue(QJsonArray{10.5, 1e-7, 11, 0, 1234.57}));
             QCOMPARE(pasted[u"I"], QJsonValue(QJsonArray{200, -2e3, 0, 3, 0.1}));
         }

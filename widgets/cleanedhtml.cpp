@@ -11,17 +11,19 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr QLatin1String lineBreak("<br>");
+constexpr QLatin1StringView lineBreak("<br>");
 
 QString raisedOrLowered(const QString& text, QTextCharFormat::VerticalAlignment alignment)
 {
     switch (alignment) {
     case QTextCharFormat::AlignSuperScript:
-        return QLatin1String("<sup>") + text + QLatin1String("</sup>");
+        return "<sup>"_L1 + text + "</sup>"_L1;
     case QTextCharFormat::AlignSubScript:
-        return QLatin1String("<sub>") + text + QLatin1String("</sub>");
+        return "<sub>"_L1 + text + "</sub>"_L1;
     default:
         return text;
     }
@@ -30,8 +32,7 @@ QString raisedOrLowered(const QString& text, QTextCharFormat::VerticalAlignment 
 QString fromFragment(const QTextFragment& fragment)
 {
     const auto alignment = fragment.charFormat().verticalAlignment();
-    QStringList lines =
-        fragment.text().replace(QChar::LineSeparator, QLatin1Char('\n')).split(QLatin1Char('\n'));
+    QStringList lines = fragment.text().replace(QChar::LineSeparator, u'\n').split(u'\n');
     for (QString& line : lines)
         line = raisedOrLowered(line, alignment);
     return lines.join(lineBreak);
@@ -39,14 +40,12 @@ QString fromFragment(const QTextFragment& fragment)
 
 bool isAsciiLetter(QChar c)
 {
-    return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) ||
-           (c >= QLatin1Char('A') && c <= QLatin1Char('Z'));
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
 bool canFollowTagOpening(QChar c)
 {
-    return isAsciiLetter(c) || c == QLatin1Char('/') || c == QLatin1Char('!') ||
-           c == QLatin1Char('?');
+    return isAsciiLetter(c) || c == u'/' || c == u'!' || c == u'?';
 }
 
 /// Says which tags of a text may reach the HTML reader, whose time grows exponentially with nested
@@ -58,32 +57,30 @@ public:
     /// Whether the tag between "<" and ">" (both excluded) may stay.
     bool admits(QStringView tag)
     {
-        const bool closing = tag.startsWith(QLatin1Char('/'));
+        const bool closing = tag.startsWith(u'/');
         const QStringView rest = closing ? tag.sliced(1) : tag;
         const auto nameEnd = std::find_if_not(rest.begin(), rest.end(),
                                               [](QChar c) { return c.isLetterOrNumber(); });
         const QString name = rest.first(nameEnd - rest.begin()).toString().toLower();
         // The reader expands entities in names; no element is called by such a name.
-        if (nameEnd != rest.end() && *nameEnd == QLatin1Char('&'))
+        if (nameEnd != rest.end() && *nameEnd == u'&')
             return false;
         // Only tags that hold nothing else are sure to be for the reader what they are here.
         const bool isBare = nameEnd == rest.end();
-        if (isBare && name == QLatin1String("sub"))
+        if (isBare && name == "sub"_L1)
             return changeDepth(subscriptDepth, closing);
-        if (isBare && name == QLatin1String("sup"))
+        if (isBare && name == "sup"_L1)
             return changeDepth(superscriptDepth, closing);
         if (isTablePart(name))
             return tableParts-- > 0;
-        return closing || name == QLatin1String("br") || others-- > 0;
+        return closing || name == "br"_L1 || others-- > 0;
     }
 
 private:
     static bool isTablePart(const QString& name)
     {
-        static constexpr std::array parts{QLatin1String("table"), QLatin1String("tr"),
-                                          QLatin1String("td"),    QLatin1String("th"),
-                                          QLatin1String("tbody"), QLatin1String("thead"),
-                                          QLatin1String("tfoot"), QLatin1String("caption")};
+        static constexpr std::array parts{"table"_L1, "tr"_L1,    "td"_L1,    "th"_L1,
+                                          "tbody"_L1, "thead"_L1, "tfoot"_L1, "caption"_L1};
         return std::find(parts.begin(), parts.end(), name) != parts.end();
     }
 
@@ -125,7 +122,7 @@ QString fromDocument(const QTextDocument& document)
 
 QString withoutForeignTags(const QString& html)
 {
-    static const QRegularExpression foreignTag(QStringLiteral("<(?!/?(sub|sup|br)\\b)[^>]*>"));
+    static const QRegularExpression foreignTag(u"<(?!/?(sub|sup|br)\\b)[^>]*>"_s);
     return QString(html).remove(foreignTag);
 }
 
@@ -133,15 +130,15 @@ QString forHtmlReader(const QString& html)
 {
     QString prepared;
     prepared.reserve(html.size());
-    const QLatin1String commentStart("<!--");
-    const QLatin1String commentEnd("-->");
+    const QLatin1StringView commentStart("<!--");
+    const QLatin1StringView commentEnd("-->");
     const qsizetype lastCommentEnd = html.lastIndexOf(commentEnd);
     TagBudget budget;
 
     qsizetype position = 0;
     while (position < html.size()) {
         const QStringView rest = QStringView(html).sliced(position);
-        if (rest.front() != QLatin1Char('<')) {
+        if (rest.front() != u'<') {
             prepared += rest.front();
             ++position;
             continue;
@@ -151,12 +148,11 @@ QString forHtmlReader(const QString& html)
             continue;
         }
         // A tag ends before the next one begins: in "a<b<sup>2</sup>" the first "<" is text.
-        const auto end = std::find_if(rest.begin() + 1, rest.end(), [](QChar c) {
-            return c == QLatin1Char('<') || c == QLatin1Char('>');
-        });
-        if (end == rest.end() || *end == QLatin1Char('<') || !canFollowTagOpening(rest.at(1)) ||
+        const auto end = std::find_if(rest.begin() + 1, rest.end(),
+                                      [](QChar c) { return c == u'<' || c == u'>'; });
+        if (end == rest.end() || *end == u'<' || !canFollowTagOpening(rest.at(1)) ||
             rest.startsWith(commentStart)) {
-            prepared += QLatin1String("&lt;");
+            prepared += "&lt;"_L1;
             ++position;
             continue;
         }

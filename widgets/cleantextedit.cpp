@@ -22,7 +22,7 @@ bool hasEndlessWord(const QString& text)
     constexpr int longestWord = 2000;
     int length = 0;
     return std::any_of(text.begin(), text.end(), [&length](QChar c) {
-        const bool wordEnds = c.isSpace() || c == QLatin1Char('>');
+        const bool wordEnds = c.isSpace() || c == u'>';
         length = wordEnds ? 0 : length + 1;
         return length > longestWord;
     });

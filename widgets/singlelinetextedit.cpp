@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
+using namespace Qt::StringLiterals;
+
 SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
     : CleanTextEdit(parent)
 {
@@ -17,7 +19,7 @@ SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFrameStyle(0);
     setLineWrapMode(QTextEdit::NoWrap);
-    setStyleSheet(QStringLiteral("background-color: white; border: 1px solid gray; padding: 2px;"));
+    setStyleSheet(u"background-color: white; border: 1px solid gray; padding: 2px;"_s);
     setDarkText(*this);
     adjustHeight();
 }
@@ -36,8 +38,8 @@ void SingleLineTextEdit::insertFromMimeData(const QMimeData* source)
 {
     // Simplified text has no line breaks left; the two replacements say that none may ever get in.
     QString line = source->text().simplified();
-    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    line.replace(QLatin1Char('\r'), QLatin1Char(' '));
+    line.replace(u'\n', u' ');
+    line.replace(u'\r', u' ');
     textCursor().insertText(line);
     adjustHeight();
 }

@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void dismiss(QWidget& widget)
@@ -45,11 +47,11 @@ void DialogScript::answerOpenDialog()
         return;
 
     if (QGuiApplication::overrideCursor() != nullptr)
-        complain(QStringLiteral("\"%1\" is open under the wait cursor").arg(open->windowTitle()));
+        complain(u"\"%1\" is open under the wait cursor"_s.arg(open->windowTitle()));
     if (script.empty()) {
         const auto* box = qobject_cast<QMessageBox*>(open);
-        complain(QStringLiteral("not expected: \"%1\" %2")
-                     .arg(open->windowTitle(), box == nullptr ? QString() : box->text()));
+        complain(u"not expected: \"%1\" %2"_s.arg(open->windowTitle(),
+                                                  box == nullptr ? QString() : box->text()));
         dismiss(*open);
         return;
     }
@@ -69,20 +71,18 @@ void DialogScript::expectBox(QMessageBox::Icon icon, const QString& title, const
     expect([this, icon, title, text, answer](QWidget& dialog) {
         auto* box = qobject_cast<QMessageBox*>(&dialog);
         if (box == nullptr) {
-            complain(
-                QStringLiteral("a message box was expected, not \"%1\"").arg(dialog.windowTitle()));
+            complain(u"a message box was expected, not \"%1\""_s.arg(dialog.windowTitle()));
             dismiss(dialog);
             return;
         }
         if (box->icon() != icon || box->windowTitle() != title || box->text() != text) {
-            complain(QStringLiteral("expected box %1 \"%2\" \"%3\" but saw %4 \"%5\" \"%6\"")
-                         .arg(icon)
+            complain(u"expected box %1 \"%2\" \"%3\" but saw %4 \"%5\" \"%6\""_s.arg(icon)
                          .arg(title, text)
                          .arg(box->icon())
                          .arg(box->windowTitle(), box->text()));
         }
         if (answer == QMessageBox::Ok && box->standardButtons() != QMessageBox::Ok)
-            complain(QStringLiteral("the box \"%1\" has other buttons than OK").arg(box->text()));
+            complain(u"the box \"%1\" has other buttons than OK"_s.arg(box->text()));
         QTest::mouseClick(box->button(answer), Qt::LeftButton);
     });
 }
@@ -91,13 +91,13 @@ void DialogScript::expectSaveQuestion(QMessageBox::StandardButton answer)
 {
     expect([this, answer](QWidget& dialog) {
         auto* box = qobject_cast<QMessageBox*>(&dialog);
-        if (box == nullptr || box->text() != QLatin1String("The species has been modified.") ||
-            box->informativeText() != QLatin1String("Do you want to save your changes?") ||
+        if (box == nullptr || box->text() != "The species has been modified."_L1 ||
+            box->informativeText() != "Do you want to save your changes?"_L1 ||
             box->standardButtons() !=
                 (QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel) ||
             box->defaultButton() != box->button(QMessageBox::Save)) {
-            complain(QStringLiteral("the save question was expected, not \"%1\"")
-                         .arg(box == nullptr ? dialog.windowTitle() : box->text()));
+            complain(u"the save question was expected, not \"%1\""_s.arg(
+                box == nullptr ? dialog.windowTitle() : box->text()));
             dismiss(dialog);
             return;
         }
@@ -111,19 +111,19 @@ void DialogScript::expectFileDialog(const QString& title, const QString& path,
     expect([this, title, path, folder](QWidget& widget) {
         auto* dialog = qobject_cast<QFileDialog*>(&widget);
         if (dialog == nullptr || dialog->windowTitle() != title) {
-            complain(QStringLiteral("expected file dialog \"%1\" but saw \"%2\"")
-                         .arg(title, widget.windowTitle()));
+            complain(
+                u"expected file dialog \"%1\" but saw \"%2\""_s.arg(title, widget.windowTitle()));
             dismiss(widget);
             return;
         }
         const QString start = dialog->directory().absolutePath();
         if (!folder.isEmpty() && QDir(start) != QDir(folder))
-            complain(QStringLiteral("\"%1\" starts in %2, not in %3").arg(title, start, folder));
+            complain(u"\"%1\" starts in %2, not in %3"_s.arg(title, start, folder));
         if (path.isEmpty()) {
             dialog->reject();
             return;
         }
-        auto* fileName = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* fileName = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
         fileName->setText(QDir::toNativeSeparators(path));
         QMetaObject::invokeMethod(dialog, "accept");
     });
@@ -143,6 +143,6 @@ QByteArray DialogScript::report() const
 {
     QStringList lines = problems;
     if (!script.empty())
-        lines.append(QStringLiteral("%1 expected dialogs never came").arg(script.size()));
-    return lines.join(QLatin1String("; ")).toUtf8();
+        lines.append(u"%1 expected dialogs never came"_s.arg(script.size()));
+    return lines.join("; "_L1).toUtf8();
 }

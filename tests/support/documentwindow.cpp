@@ -20,11 +20,13 @@
 #include <QTest>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QSettings settings()
 {
-    return QSettings(QStringLiteral("Ostravel"), QStringLiteral("KORVELA"));
+    return QSettings(u"Ostravel"_s, u"KORVELA"_s);
 }
 
 } // namespace
@@ -101,37 +103,36 @@ bool dropFile(QWidget& window, const QWidget& onto, const QString& path)
 
 QString rememberedFolder()
 {
-    return settings().value(QStringLiteral("lastOpenFolder")).toString();
+    return settings().value(u"lastOpenFolder"_s).toString();
 }
 
 void rememberFolder(const QString& folder)
 {
-    settings().setValue(QStringLiteral("lastOpenFolder"), folder);
+    settings().setValue(u"lastOpenFolder"_s, folder);
 }
 
 QJsonObject datasetTitled(const QString& title)
 {
-    return {{QStringLiteral("Title"), title},
-            {QStringLiteral("SpectType"), 2},
-            {QStringLiteral("CreatedDate"), QStringLiteral("2024-05-06")},
-            {QStringLiteral("E"), QJsonArray{10, 10.5}},
-            {QStringLiteral("I"), QJsonArray{1, 2}}};
+    return {{u"Title"_s, title},
+            {u"SpectType"_s, 2},
+            {u"CreatedDate"_s, u"2024-05-06"_s},
+            {u"E"_s, QJsonArray{10, 10.5}},
+            {u"I"_s, QJsonArray{1, 2}}};
 }
 
 QByteArray speciesFile(const QString& name, const QStringList& titles)
 {
-    QJsonObject file{{QStringLiteral("Type"), QStringLiteral("Species v1")},
-                     {QStringLiteral("Species"), QJsonObject{{QStringLiteral("Name"), name}}}};
+    QJsonObject file{{u"Type"_s, u"Species v1"_s}, {u"Species"_s, QJsonObject{{u"Name"_s, name}}}};
     int number = 1;
     for (const QString& title : titles)
-        file.insert(QStringLiteral("Dataset%1").arg(number++), datasetTitled(title));
+        file.insert(u"Dataset%1"_s.arg(number++), datasetTitled(title));
     return QJsonDocument(file).toJson();
 }
 
 QByteArray spectrumFile(const QString& title)
 {
     QJsonObject file = datasetTitled(title);
-    file.insert(QStringLiteral("Type"), QStringLiteral("Spectrum v1"));
+    file.insert(u"Type"_s, u"Spectrum v1"_s);
     return QJsonDocument(file).toJson();
 }
 

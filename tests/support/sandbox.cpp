@@ -11,13 +11,15 @@
 #include <QTest>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 Sandbox::Sandbox()
 {
     if (!folder.isValid())
         qFatal("no temporary folder");
-    QDir(folder.path()).mkdir(QStringLiteral(".settings"));
+    QDir(folder.path()).mkdir(u".settings"_s);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                       folder.filePath(QStringLiteral(".settings")));
+                       folder.filePath(u".settings"_s));
 }
 
 Sandbox::~Sandbox()
@@ -30,15 +32,13 @@ Sandbox::~Sandbox()
 void Sandbox::copyWrittenFiles(const QString& target) const
 {
     static int number = 0;
-    QDirIterator files(folder.path(), {QStringLiteral("*.json")}, QDir::Files,
-                       QDirIterator::Subdirectories);
+    QDirIterator files(folder.path(), {u"*.json"_s}, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         QFile file(files.next());
         if (!file.open(QIODevice::ReadOnly) || given.contains(file.readAll()))
             continue;
-        const QString copy = QStringLiteral("%1/%2-%3.json")
-                                 .arg(target, QCoreApplication::applicationName())
-                                 .arg(++number);
+        const QString copy =
+            u"%1/%2-%3.json"_s.arg(target, QCoreApplication::applicationName()).arg(++number);
         if (!file.copy(copy))
             qFatal("cannot write %s", qPrintable(copy));
     }

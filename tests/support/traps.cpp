@@ -13,6 +13,8 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 FifoTrap::FifoTrap(const QString& path)
     : pipePath(path)
 {
@@ -58,7 +60,7 @@ LoopbackTrap::LoopbackTrap()
 
 QString LoopbackTrap::url() const
 {
-    return QStringLiteral("http://127.0.0.1:%1/trap.png").arg(server.serverPort());
+    return u"http://127.0.0.1:%1/trap.png"_s.arg(server.serverPort());
 }
 
 bool LoopbackTrap::sprung()

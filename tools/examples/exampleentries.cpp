@@ -14,6 +14,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Spectroscopic constants: K. P. Huber and G. Herzberg, Constants of Diatomic Molecules (1979), as
@@ -60,16 +62,16 @@ struct SpeciesFacts
 QJsonObject speciesRecord(const SpeciesFacts& facts)
 {
     const QJsonObject record{
-        {QStringLiteral("Name"), facts.name},
-        {QStringLiteral("Aliases"), facts.aliases.join(QLatin1String("<br>"))},
-        {QStringLiteral("Mass"), facts.mass},
-        {QStringLiteral("Formula"), facts.formula},
-        {QStringLiteral("InChI"), facts.inchi},
-        {QStringLiteral("CAS"), facts.casNumber},
-        {QStringLiteral("PubChem"), facts.pubChem},
-        {QStringLiteral("AIE"), QString(facts.adiabaticEnergy + u" \u00b1 " + facts.uncertainty)},
-        {QStringLiteral("AIE_Comment"), QStringLiteral("Evaluated value, NIST Chemistry WebBook")},
-        {QStringLiteral("StructuralFormula"), StructurePicture::toBase64Png(facts.structure)},
+        {u"Name"_s, facts.name},
+        {u"Aliases"_s, facts.aliases.join("<br>"_L1)},
+        {u"Mass"_s, facts.mass},
+        {u"Formula"_s, facts.formula},
+        {u"InChI"_s, facts.inchi},
+        {u"CAS"_s, facts.casNumber},
+        {u"PubChem"_s, facts.pubChem},
+        {u"AIE"_s, QString(facts.adiabaticEnergy + u" \u00b1 " + facts.uncertainty)},
+        {u"AIE_Comment"_s, u"Evaluated value, NIST Chemistry WebBook"_s},
+        {u"StructuralFormula"_s, StructurePicture::toBase64Png(facts.structure)},
     };
     // Through the model, so that the file is what the editor itself would save.
     SpeciesModel model;
@@ -91,37 +93,33 @@ QString constantsOf(const ElectronicState& state)
 QString comments(const Ionisation& ionisation, bool convolution)
 {
     QStringList lines{
-        QStringLiteral(
-            "Computed, not measured: Franck-Condon factors between the one-dimensional Morse "
-            "oscillators of the two electronic states (own frequency, anharmonicity and bond "
-            "length each), from v = 0 of the neutral (vibrational temperature 0 K)."),
+        u"Computed, not measured: Franck-Condon factors between the one-dimensional Morse "
+        "oscillators of the two electronic states (own frequency, anharmonicity and bond "
+        "length each), from v = 0 of the neutral (vibrational temperature 0 K)."_s,
         constantsOf(ionisation.neutral),
         constantsOf(ionisation.cation),
-        QStringLiteral("Reduced mass of the main isotopes: %1 u.")
-            .arg(QString::number(ionisation.mass, 'f', 6)),
-        QStringLiteral("Band positions: adiabatic ionisation energy %1 eV + G(v') \u2212 G(0) of "
-                       "the cation. Bands below 1/10000 of the strongest are left out.")
-            .arg(ionisation.adiabaticEnergy),
+        u"Reduced mass of the main isotopes: %1 u."_s.arg(QString::number(ionisation.mass, 'f', 6)),
+        u"Band positions: adiabatic ionisation energy %1 eV + G(v') \u2212 G(0) of "
+        "the cation. Bands below 1/10000 of the strongest are left out."_s.arg(
+            ionisation.adiabaticEnergy),
     };
     if (convolution) {
-        lines.append(QStringLiteral("Convoluted with a Gaussian of %1 meV full width at half "
-                                    "maximum, on a grid of %2 meV; highest value scaled to 1000.")
-                         .arg(fwhm)
+        lines.append(u"Convoluted with a Gaussian of %1 meV full width at half "
+                     "maximum, on a grid of %2 meV; highest value scaled to 1000."_s.arg(fwhm)
                          .arg(gridStep));
     } else {
-        lines.append(QStringLiteral("Strongest band scaled to 1000."));
+        lines.append(u"Strongest band scaled to 1000."_s);
     }
-    lines.append(QStringLiteral("Rotation, spin-orbit splitting, autoionisation and the energy "
-                                "dependence of the cross section are not included."));
-    return lines.join(QLatin1String("<br>"));
+    lines.append(u"Rotation, spin-orbit splitting, autoionisation and the energy "
+                 "dependence of the cross section are not included."_s);
+    return lines.join("<br>"_L1);
 }
 
 QString references()
 {
-    return QStringLiteral(
-        "Spectroscopic constants: K. P. Huber and G. Herzberg, Constants of Diatomic Molecules "
-        "(1979), as compiled in the NIST Chemistry WebBook<br>"
-        "Ionisation energy: evaluated value, NIST Chemistry WebBook");
+    return u"Spectroscopic constants: K. P. Huber and G. Herzberg, Constants of Diatomic Molecules "
+           "(1979), as compiled in the NIST Chemistry WebBook<br>"
+           "Ionisation energy: evaluated value, NIST Chemistry WebBook"_s;
 }
 
 double rounded(double value, double perUnit)
@@ -138,25 +136,25 @@ QJsonObject datasetRecord(const Ionisation& ionisation, const QList<QPointF>& po
         energies.append(point.x());
         intensities.append(point.y());
     }
-    const QString kind = convolution ? QStringLiteral("computed Franck-Condon spectrum")
-                                     : QStringLiteral("computed Franck-Condon line spectrum");
+    const QString kind = convolution ? u"computed Franck-Condon spectrum"_s
+                                     : u"computed Franck-Condon line spectrum"_s;
     const QJsonObject record{
-        {QStringLiteral("Title"), QString(ionisation.cation.name + u", " + kind)},
-        {QStringLiteral("Uploader"), QStringLiteral("KORVELA examples")},
-        {QStringLiteral("SpectType"), SpectrumModel::FcSimulation},
-        {QStringLiteral("FurtherRefs"), references()},
-        {QStringLiteral("T"), QStringLiteral("0")},
-        {QStringLiteral("FurtherComments"), comments(ionisation, convolution)},
-        {QStringLiteral("CreatedDate"), QStringLiteral("2026-11-21")},
-        {QStringLiteral("FacilityDate"), QStringLiteral("computed, no facility")},
-        {QStringLiteral("LineSpectrum"), !convolution},
-        {QStringLiteral("LevelOfTheory"),
-         QStringLiteral("Franck-Condon factors of Morse oscillators from published spectroscopic "
-                        "constants")},
-        {QStringLiteral("ConvolutionFWHM"), convolution ? QString::number(fwhm) : QString()},
-        {QStringLiteral("AIE"), ionisation.adiabaticEnergy},
-        {QStringLiteral("E"), energies},
-        {QStringLiteral("I"), intensities},
+        {u"Title"_s, QString(ionisation.cation.name + u", " + kind)},
+        {u"Uploader"_s, u"KORVELA examples"_s},
+        {u"SpectType"_s, SpectrumModel::FcSimulation},
+        {u"FurtherRefs"_s, references()},
+        {u"T"_s, u"0"_s},
+        {u"FurtherComments"_s, comments(ionisation, convolution)},
+        {u"CreatedDate"_s, u"2026-11-21"_s},
+        {u"FacilityDate"_s, u"computed, no facility"_s},
+        {u"LineSpectrum"_s, !convolution},
+        {u"LevelOfTheory"_s,
+         u"Franck-Condon factors of Morse oscillators from published spectroscopic "
+         "constants"_s},
+        {u"ConvolutionFWHM"_s, convolution ? QString::number(fwhm) : QString()},
+        {u"AIE"_s, ionisation.adiabaticEnergy},
+        {u"E"_s, energies},
+        {u"I"_s, intensities},
     };
     SpectrumModel model;
     model.fromJson(record);
@@ -191,129 +189,125 @@ QJsonObject file(const SpeciesFacts& facts, double mass1, double mass2,
 ExampleEntry nitricOxide()
 {
     const SpeciesFacts facts{
-        .name = QStringLiteral("nitric oxide"),
-        .aliases = {QStringLiteral("nitrogen monoxide"), QStringLiteral("nitrogen(II) oxide")},
+        .name = u"nitric oxide"_s,
+        .aliases = {u"nitrogen monoxide"_s, u"nitrogen(II) oxide"_s},
         .mass = 30.0061,
-        .formula = QStringLiteral("NO"),
-        .inchi = QStringLiteral("InChI=1S/NO/c1-2"),
-        .casNumber = QStringLiteral("10102-43-9"),
-        .pubChem = QStringLiteral("145068"),
-        .adiabaticEnergy = QStringLiteral("9.2642"),
-        .uncertainty = QStringLiteral("0.00002"),
+        .formula = u"NO"_s,
+        .inchi = u"InChI=1S/NO/c1-2"_s,
+        .casNumber = u"10102-43-9"_s,
+        .pubChem = u"145068"_s,
+        .adiabaticEnergy = u"9.2642"_s,
+        .uncertainty = u"0.00002"_s,
         .structure = StructureDrawing::nitricOxide(),
     };
-    const ElectronicState neutral{QStringLiteral("X <sup>2</sup>\u03a0 of NO"),
-                                  {1904.20, 14.075, 1.15077}};
-    const ElectronicState cation{
-        QStringLiteral("X <sup>1</sup>\u03a3<sup>+</sup> of NO<sup>+</sup>"),
-        {2376.42, 16.262, 1.06322}};
-    return {QStringLiteral("entry1-nitric-oxide.json"), facts.casNumber,
+    const ElectronicState neutral{u"X <sup>2</sup>\u03a0 of NO"_s, {1904.20, 14.075, 1.15077}};
+    const ElectronicState cation{u"X <sup>1</sup>\u03a3<sup>+</sup> of NO<sup>+</sup>"_s,
+                                 {2376.42, 16.262, 1.06322}};
+    return {u"entry1-nitric-oxide.json"_s, facts.casNumber,
             file(facts, nitrogenMass, oxygenMass, neutral, cation)};
 }
 
 ExampleEntry nitrogen()
 {
     const SpeciesFacts facts{
-        .name = QStringLiteral("nitrogen"),
-        .aliases = {QStringLiteral("dinitrogen"), QStringLiteral("molecular nitrogen")},
+        .name = u"nitrogen"_s,
+        .aliases = {u"dinitrogen"_s, u"molecular nitrogen"_s},
         .mass = 28.0134,
-        .formula = QStringLiteral("N<sub>2</sub>"),
-        .inchi = QStringLiteral("InChI=1S/N2/c1-2"),
-        .casNumber = QStringLiteral("7727-37-9"),
-        .pubChem = QStringLiteral("947"),
-        .adiabaticEnergy = QStringLiteral("15.581"),
-        .uncertainty = QStringLiteral("0.008"),
+        .formula = u"N<sub>2</sub>"_s,
+        .inchi = u"InChI=1S/N2/c1-2"_s,
+        .casNumber = u"7727-37-9"_s,
+        .pubChem = u"947"_s,
+        .adiabaticEnergy = u"15.581"_s,
+        .uncertainty = u"0.008"_s,
         .structure = StructureDrawing::nitrogen(),
     };
     const ElectronicState neutral{
-        QStringLiteral("X <sup>1</sup>\u03a3<sub>g</sub><sup>+</sup> of N<sub>2</sub>"),
+        u"X <sup>1</sup>\u03a3<sub>g</sub><sup>+</sup> of N<sub>2</sub>"_s,
         {2358.57, 14.324, 1.09768}};
     const ElectronicState cation{
-        QStringLiteral("X <sup>2</sup>\u03a3<sub>g</sub><sup>+</sup> of N<sub>2</sub><sup>+</sup>"),
+        u"X <sup>2</sup>\u03a3<sub>g</sub><sup>+</sup> of N<sub>2</sub><sup>+</sup>"_s,
         {2207.00, 16.10, 1.11642}};
-    return {QStringLiteral("entry2-nitrogen.json"), facts.casNumber,
+    return {u"entry2-nitrogen.json"_s, facts.casNumber,
             file(facts, nitrogenMass, nitrogenMass, neutral, cation)};
 }
 
 ExampleEntry oxygen()
 {
     const SpeciesFacts facts{
-        .name = QStringLiteral("oxygen"),
-        .aliases = {QStringLiteral("dioxygen"), QStringLiteral("molecular oxygen")},
+        .name = u"oxygen"_s,
+        .aliases = {u"dioxygen"_s, u"molecular oxygen"_s},
         .mass = 31.9988,
-        .formula = QStringLiteral("O<sub>2</sub>"),
-        .inchi = QStringLiteral("InChI=1S/O2/c1-2"),
-        .casNumber = QStringLiteral("7782-44-7"),
-        .pubChem = QStringLiteral("977"),
-        .adiabaticEnergy = QStringLiteral("12.0697"),
-        .uncertainty = QStringLiteral("0.0002"),
+        .formula = u"O<sub>2</sub>"_s,
+        .inchi = u"InChI=1S/O2/c1-2"_s,
+        .casNumber = u"7782-44-7"_s,
+        .pubChem = u"977"_s,
+        .adiabaticEnergy = u"12.0697"_s,
+        .uncertainty = u"0.0002"_s,
         .structure = StructureDrawing::oxygen(),
     };
     const ElectronicState neutral{
-        QStringLiteral("X <sup>3</sup>\u03a3<sub>g</sub><sup>\u2212</sup> of O<sub>2</sub>"),
+        u"X <sup>3</sup>\u03a3<sub>g</sub><sup>\u2212</sup> of O<sub>2</sub>"_s,
         {1580.19, 11.98, 1.20752}};
-    const ElectronicState cation{
-        QStringLiteral("X <sup>2</sup>\u03a0<sub>g</sub> of O<sub>2</sub><sup>+</sup>"),
-        {1904.77, 16.259, 1.1164}};
-    return {QStringLiteral("entry3-oxygen.json"), facts.casNumber,
+    const ElectronicState cation{u"X <sup>2</sup>\u03a0<sub>g</sub> of O<sub>2</sub><sup>+</sup>"_s,
+                                 {1904.77, 16.259, 1.1164}};
+    return {u"entry3-oxygen.json"_s, facts.casNumber,
             file(facts, oxygenMass, oxygenMass, neutral, cation)};
 }
 
 ExampleEntry carbonMonoxide()
 {
     const SpeciesFacts facts{
-        .name = QStringLiteral("carbon monoxide"),
-        .aliases = {QStringLiteral("carbon(II) oxide"), QStringLiteral("carbonic oxide")},
+        .name = u"carbon monoxide"_s,
+        .aliases = {u"carbon(II) oxide"_s, u"carbonic oxide"_s},
         .mass = 28.0101,
-        .formula = QStringLiteral("CO"),
-        .inchi = QStringLiteral("InChI=1S/CO/c1-2"),
-        .casNumber = QStringLiteral("630-08-0"),
-        .pubChem = QStringLiteral("281"),
-        .adiabaticEnergy = QStringLiteral("14.014"),
-        .uncertainty = QStringLiteral("0.0003"),
+        .formula = u"CO"_s,
+        .inchi = u"InChI=1S/CO/c1-2"_s,
+        .casNumber = u"630-08-0"_s,
+        .pubChem = u"281"_s,
+        .adiabaticEnergy = u"14.014"_s,
+        .uncertainty = u"0.0003"_s,
         .structure = StructureDrawing::carbonMonoxide(),
     };
-    const ElectronicState neutral{QStringLiteral("X <sup>1</sup>\u03a3<sup>+</sup> of CO"),
+    const ElectronicState neutral{u"X <sup>1</sup>\u03a3<sup>+</sup> of CO"_s,
                                   {2169.81, 13.288, 1.12832}};
-    const ElectronicState cation{
-        QStringLiteral("X <sup>2</sup>\u03a3<sup>+</sup> of CO<sup>+</sup>"),
-        {2214.24, 15.164, 1.11514}};
-    return {QStringLiteral("entry4-carbon-monoxide.json"), facts.casNumber,
+    const ElectronicState cation{u"X <sup>2</sup>\u03a3<sup>+</sup> of CO<sup>+</sup>"_s,
+                                 {2214.24, 15.164, 1.11514}};
+    return {u"entry4-carbon-monoxide.json"_s, facts.casNumber,
             file(facts, carbonMass, oxygenMass, neutral, cation)};
 }
 
 ExampleEntry water()
 {
     const SpeciesFacts facts{
-        .name = QStringLiteral("water"),
-        .aliases = {QStringLiteral("oxidane"), QStringLiteral("dihydrogen oxide")},
+        .name = u"water"_s,
+        .aliases = {u"oxidane"_s, u"dihydrogen oxide"_s},
         .mass = 18.0153,
-        .formula = QStringLiteral("H<sub>2</sub>O"),
-        .inchi = QStringLiteral("InChI=1S/H2O/h1H2"),
-        .casNumber = QStringLiteral("7732-18-5"),
-        .pubChem = QStringLiteral("962"),
-        .adiabaticEnergy = QStringLiteral("12.621"),
-        .uncertainty = QStringLiteral("0.002"),
+        .formula = u"H<sub>2</sub>O"_s,
+        .inchi = u"InChI=1S/H2O/h1H2"_s,
+        .casNumber = u"7732-18-5"_s,
+        .pubChem = u"962"_s,
+        .adiabaticEnergy = u"12.621"_s,
+        .uncertainty = u"0.002"_s,
         .structure = StructureDrawing::water(),
     };
-    return {QStringLiteral("entry10-water.json"), facts.casNumber, file(facts)};
+    return {u"entry10-water.json"_s, facts.casNumber, file(facts)};
 }
 
 ExampleEntry benzene()
 {
     const SpeciesFacts facts{
-        .name = QStringLiteral("benzene"),
-        .aliases = {QStringLiteral("benzol"), QStringLiteral("[6]annulene")},
+        .name = u"benzene"_s,
+        .aliases = {u"benzol"_s, u"[6]annulene"_s},
         .mass = 78.1118,
-        .formula = QStringLiteral("C<sub>6</sub>H<sub>6</sub>"),
-        .inchi = QStringLiteral("InChI=1S/C6H6/c1-2-4-6-5-3-1/h1-6H"),
-        .casNumber = QStringLiteral("71-43-2"),
-        .pubChem = QStringLiteral("241"),
-        .adiabaticEnergy = QStringLiteral("9.24378"),
-        .uncertainty = QStringLiteral("0.00007"),
+        .formula = u"C<sub>6</sub>H<sub>6</sub>"_s,
+        .inchi = u"InChI=1S/C6H6/c1-2-4-6-5-3-1/h1-6H"_s,
+        .casNumber = u"71-43-2"_s,
+        .pubChem = u"241"_s,
+        .adiabaticEnergy = u"9.24378"_s,
+        .uncertainty = u"0.00007"_s,
         .structure = StructureDrawing::benzene(),
     };
-    return {QStringLiteral("entry11-benzene.json"), facts.casNumber, file(facts)};
+    return {u"entry11-benzene.json"_s, facts.casNumber, file(facts)};
 }
 
 } // namespace

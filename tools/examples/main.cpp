@@ -9,17 +9,19 @@
 #include <QGuiApplication>
 #include <QTextStream>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What went wrong; empty when the entry was written.
 QString write(const ExampleEntry& entry, const QDir& folder)
 {
     if (!isValidCasNumber(entry.casNumber))
-        return QStringLiteral("%1: invalid CAS number %2").arg(entry.fileName, entry.casNumber);
+        return u"%1: invalid CAS number %2"_s.arg(entry.fileName, entry.casNumber);
     const QString path = folder.filePath(entry.fileName);
     if (JsonFile::write(path, entry.content, QJsonDocument::Indented) !=
         JsonFile::WriteResult::Written)
-        return QStringLiteral("cannot write %1").arg(path);
+        return u"cannot write %1"_s.arg(path);
     return {};
 }
 
@@ -41,7 +43,7 @@ int main(int argc, char* argv[])
     }
 
     const QDir folder(arguments.at(1));
-    if (!folder.mkpath(QStringLiteral("."))) {
+    if (!folder.mkpath(u"."_s)) {
         errors << "korvela-examples: cannot make the folder " << folder.path() << '\n';
         return 1;
     }

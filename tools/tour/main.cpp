@@ -12,13 +12,15 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
 
 int conclude(bool succeeded, const QStringList& account)
 {
-    QTextStream(stdout) << account.join(QLatin1Char('\n')) << Qt::endl;
+    QTextStream(stdout) << account.join(u'\n') << Qt::endl;
     return succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
@@ -26,9 +28,9 @@ int conclude(bool succeeded, const QStringList& account)
 void fixLooks()
 {
     constexpr int fontSize = 9;
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(u"Fusion"_s);
     QApplication::setPalette(QApplication::style()->standardPalette());
-    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), fontSize));
+    QApplication::setFont(QFont(u"DejaVu Sans"_s, fontSize));
     QApplication::setCursorFlashTime(0);
 }
 
@@ -44,16 +46,15 @@ int main(int argc, char* argv[])
     const QDir examples(QStringLiteral(KORVELA_EXAMPLES_FOLDER));
     const QStringList arguments = QApplication::arguments().mid(1);
 
-    if (arguments.size() == 2 && arguments.constFirst() == QLatin1String("--manual")) {
+    if (arguments.size() == 2 && arguments.constFirst() == "--manual"_L1) {
         fixLooks();
         ManualPictures pictures(examples, QDir(arguments.constLast()));
         const bool succeeded = pictures.take();
         return conclude(succeeded, pictures.account());
     }
 
-    const QString output = arguments.isEmpty()
-                               ? QDir::temp().filePath(QStringLiteral("korvela-tour"))
-                               : arguments.constFirst();
+    const QString output =
+        arguments.isEmpty() ? QDir::temp().filePath(u"korvela-tour"_s) : arguments.constFirst();
     Tour tour(examples, QDir(output));
     const bool succeeded = tour.run();
     return conclude(succeeded, tour.account());

@@ -24,6 +24,8 @@
 #include <cmath>
 #include <numbers>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -55,8 +57,8 @@ QString finePoints()
         const double energy = 12.0 + i * 0.0002;
         const double intensity =
             400 * peak(energy, 12.03, 0.025) + 700 * peak(energy, 12.0505, 0.0004);
-        text += QString::number(energy, 'f', 4) + QLatin1Char('\t') +
-                QString::number(intensity, 'f', 1) + QLatin1Char('\n');
+        text +=
+            QString::number(energy, 'f', 4) + u'\t' + QString::number(intensity, 'f', 1) + u'\n';
     }
     return text;
 }
@@ -67,7 +69,7 @@ ManualPictures::ManualPictures(const QDir& examples, const QDir& output)
     : examplesFolder(examples)
     , outputFolder(output)
 {
-    outputFolder.mkpath(QStringLiteral("."));
+    outputFolder.mkpath(u"."_s);
 }
 
 QStringList ManualPictures::account() const
@@ -94,34 +96,34 @@ bool ManualPictures::take()
 
 void ManualPictures::takeEntry()
 {
-    open(QStringLiteral("entry1-nitric-oxide.json"));
+    open(u"entry1-nitric-oxide.json"_s);
     visitor->activateSpectrum(1);
-    saveWindow(QStringLiteral("entry"));
-    saveWindow(QStringLiteral("tool-bar"), QRect(0, 0, 150, widget("toolBar").geometry().bottom()));
+    saveWindow(u"entry"_s);
+    saveWindow(u"tool-bar"_s, QRect(0, 0, 150, widget("toolBar").geometry().bottom()));
 }
 
 void ManualPictures::takeFirstEntry()
 {
     start();
     fillSpecies();
-    saveWindow(QStringLiteral("first-entry-species"),
+    saveWindow(u"first-entry-species"_s,
                around({"label", "lineEditSpecies", "lineEditVIEComment"}));
     addSpectrum();
     fillSpectrum();
-    pastePoints(QStringLiteral("12,60\t10\n12,62\t40\n12,64\t20\n"));
+    pastePoints(u"12,60\t10\n12,62\t40\n12,64\t20\n"_s);
     click("buttonCommaToDot");
     waitForPoints();
     click("buttonNormalize");
-    saveWindow(QStringLiteral("first-entry"));
+    saveWindow(u"first-entry"_s);
 }
 
 void ManualPictures::takeSaveQuestion()
 {
-    open(QStringLiteral("entry10-water.json"));
-    typeInto("lineEditVIE", QStringLiteral("12.6"));
+    open(u"entry10-water.json"_s);
+    typeInto("lineEditVIE", u"12.6"_s);
     visitor->leaveFields();
     visitor->whenOneOpens([this](QWidget& box) {
-        save(box.grab(), QStringLiteral("save-question"));
+        save(box.grab(), u"save-question"_s);
         box.close();
     });
     visitor->window().close();
@@ -130,31 +132,31 @@ void ManualPictures::takeSaveQuestion()
 void ManualPictures::takeRaisedText()
 {
     start();
-    typeInto("lineEditSpecies", QStringLiteral("water"));
-    typeInto("lineEditSumFormula", QStringLiteral("H2O"));
+    typeInto("lineEditSpecies", u"water"_s);
+    typeInto("lineEditSumFormula", u"H2O"_s);
     const QRect area = around({"menubar", "lineEditSumFormula"}) &
                        QRect(QPoint(), around({"speciesDock"}).bottomRight());
     Visitor::selectCharacter(widget("lineEditSumFormula"), 1);
-    saveWindow(QStringLiteral("digit-selected"), area);
+    saveWindow(u"digit-selected"_s, area);
     visitor->trigger("actionSubscript");
     visitor->leaveFields();
-    saveWindow(QStringLiteral("digit-lowered"), area);
+    saveWindow(u"digit-lowered"_s, area);
 }
 
 void ManualPictures::takePointCommands()
 {
     start();
     addSpectrum();
-    pastePoints(QStringLiteral("hv / eV\tcounts\n"
-                               "9,20\t12\n9,21\t57\n9,22\t211\n9,23\t486\n9,24\t702\n"
-                               "9,25\t640\n9,26\t371\n9,27\t140\n9,28\t38\n9,29\t9"));
+    pastePoints(u"hv / eV\tcounts\n"
+                "9,20\t12\n9,21\t57\n9,22\t211\n9,23\t486\n9,24\t702\n"
+                "9,25\t640\n9,26\t371\n9,27\t140\n9,28\t38\n9,29\t9"_s);
     waitForPoints();
-    saveWindow(QStringLiteral("points-pasted"), aroundPoints());
+    saveWindow(u"points-pasted"_s, aroundPoints());
     click("buttonCommaToDot");
     waitForPoints();
-    saveWindow(QStringLiteral("points-with-dots"), aroundPoints());
+    saveWindow(u"points-with-dots"_s, aroundPoints());
     click("buttonNormalize");
-    saveWindow(QStringLiteral("points-normalized"), aroundPoints());
+    saveWindow(u"points-normalized"_s, aroundPoints());
 }
 
 void ManualPictures::takeThinning()
@@ -163,30 +165,30 @@ void ManualPictures::takeThinning()
     addSpectrum();
     pastePoints(finePoints());
     waitForPoints();
-    saveWindow(QStringLiteral("sparse-before"), aroundPoints());
+    saveWindow(u"sparse-before"_s, aroundPoints());
     click("buttonSparse");
-    saveWindow(QStringLiteral("sparse-after"), aroundPoints());
+    saveWindow(u"sparse-after"_s, aroundPoints());
 }
 
 void ManualPictures::takeSticks()
 {
-    open(QStringLiteral("entry3-oxygen.json"));
-    saveWindow(QStringLiteral("line-spectrum"), aroundPoints());
+    open(u"entry3-oxygen.json"_s);
+    saveWindow(u"line-spectrum"_s, aroundPoints());
 }
 
 void ManualPictures::takeZoom()
 {
-    open(QStringLiteral("entry3-oxygen.json"));
+    open(u"entry3-oxygen.json"_s);
     visitor->activateSpectrum(1);
     const auto& chart = Visitor::child<QChartView>(visitor->activeSpectrum(), "chartSpectrum");
     const QPoint from = inPlotArea(chart, 0.17, 0.02);
     const QPoint to = inPlotArea(chart, 0.42, 0.96);
     sendMouse(chart, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
     sendMouse(chart, QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
-    saveWindow(QStringLiteral("zoom-dragging"), around({"chartSpectrum"}));
+    saveWindow(u"zoom-dragging"_s, around({"chartSpectrum"}));
     sendMouse(chart, QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
     sendMouse(chart, QEvent::MouseMove, inPlotArea(chart, 0.5, 0.3), Qt::NoButton, Qt::NoButton);
-    saveWindow(QStringLiteral("zoom-done"), around({"chartSpectrum"}));
+    saveWindow(u"zoom-done"_s, around({"chartSpectrum"}));
 }
 
 void ManualPictures::takeTypes()
@@ -197,18 +199,18 @@ void ManualPictures::takeTypes()
     const QRect area =
         around({"label_2", "lineEditTitle", "textEditCitations", "textEditComments"});
     types.setCurrentIndex(SpectrumModel::FcSimulation);
-    saveWindow(QStringLiteral("type-simulation"), area);
+    saveWindow(u"type-simulation"_s, area);
     types.setCurrentIndex(0);
-    saveWindow(QStringLiteral("type-measurement"), area);
+    saveWindow(u"type-measurement"_s, area);
 }
 
 void ManualPictures::takeStructure()
 {
-    open(QStringLiteral("entry11-benzene.json"));
+    open(u"entry11-benzene.json"_s);
     QWidget& image = widget("imageLabel");
     visitor->whenOneOpens([this](QWidget& menu) {
         const QRect area = around({"imageLabel"});
-        saveWindow(QStringLiteral("structure-menu"), area.adjusted(0, 0, menu.width() / 2, 0));
+        saveWindow(u"structure-menu"_s, area.adjusted(0, 0, menu.width() / 2, 0));
         menu.close();
     });
     const QPoint position(image.width() * 2 / 3, image.height() / 3);
@@ -218,40 +220,38 @@ void ManualPictures::takeStructure()
 
 void ManualPictures::takeExchange()
 {
-    open(QStringLiteral("entry1-nitric-oxide.json"));
+    open(u"entry1-nitric-oxide.json"_s);
     visitor->trigger("actionCopy");
-    open(QStringLiteral("entry3-oxygen.json"));
+    open(u"entry3-oxygen.json"_s);
     auto& menuBar = Visitor::child<QMenuBar>(visitor->window(), "menubar");
     auto& menu = Visitor::child<QMenu>(visitor->window(), "menuSpectrum");
     menuBar.setActiveAction(menu.menuAction());
-    saveWindow(QStringLiteral("spectrum-menu"), QRect(0, 0, 480, 200));
+    saveWindow(u"spectrum-menu"_s, QRect(0, 0, 480, 200));
     menu.close();
     visitor->trigger("actionPaste");
     QRect area = around({"mdiArea"});
     area.setBottom(around({"lineEditUploader"}).bottom());
-    saveWindow(QStringLiteral("spectrum-pasted"), area);
+    saveWindow(u"spectrum-pasted"_s, area);
 }
 
 void ManualPictures::takeDatabase()
 {
     // File dialogs start in its folder from now on.
-    open(QStringLiteral("entry1-nitric-oxide.json"));
+    open(u"entry1-nitric-oxide.json"_s);
     visitor->whenOneOpens([this](QWidget& dialog) {
         visitor->whenOneOpens([this](QWidget& fileDialog) {
             const QStringList entries =
-                inSteppingOrder(examplesFolder.entryList({QStringLiteral("*.json")}, QDir::Files));
-            const QString names =
-                QLatin1Char('"') + entries.join(QLatin1String("\" \"")) + QLatin1Char('"');
+                inSteppingOrder(examplesFolder.entryList({u"*.json"_s}, QDir::Files));
+            const QString names = u'"' + entries.join("\" \""_L1) + u'"';
             Visitor::chooseFiles(fileDialog, names);
         });
         Visitor::child<QAbstractButton>(dialog, "pushButton_2").click();
         visitor->whenOneOpens([this](QWidget& fileDialog) {
-            Visitor::chooseFiles(fileDialog,
-                                 outputFolder.filePath(QStringLiteral("database.json")));
+            Visitor::chooseFiles(fileDialog, outputFolder.filePath(u"database.json"_s));
         });
         Visitor::child<QAbstractButton>(dialog, "pushButton").click();
         dialog.resize(dialog.width(), dialog.height() * 2 / 3); // the list is short
-        save(dialog.grab(), QStringLiteral("create-database"));
+        save(dialog.grab(), u"create-database"_s);
         dialog.close();
     });
     visitor->window().createSpeciesDatabase();
@@ -276,21 +276,21 @@ void ManualPictures::typeInto(const char* field, const QString& text)
 
 void ManualPictures::fillSpecies()
 {
-    typeInto("lineEditSpecies", QStringLiteral("water"));
-    typeInto("textEditAliases", QStringLiteral("oxidane\ndihydrogen oxide"));
-    typeInto("lineEditMass", QStringLiteral("18.0106"));
-    typeInto("lineEditSumFormula", QStringLiteral("H2O"));
+    typeInto("lineEditSpecies", u"water"_s);
+    typeInto("textEditAliases", u"oxidane\ndihydrogen oxide"_s);
+    typeInto("lineEditMass", u"18.0106"_s);
+    typeInto("lineEditSumFormula", u"H2O"_s);
     Visitor::selectCharacter(widget("lineEditSumFormula"), 1);
     visitor->trigger("actionSubscript");
-    typeInto("lineEditInChI", QStringLiteral("InChI=1S/H2O/h1H2"));
-    typeInto("lineEditCAS", QStringLiteral("7732-18-5"));
-    typeInto("lineEditCID", QStringLiteral("962"));
-    typeInto("lineEditAIE", QStringLiteral("12.6223(3)"));
-    typeInto("lineEditAIEComment", QStringLiteral("X 2B1 of H2O+"));
+    typeInto("lineEditInChI", u"InChI=1S/H2O/h1H2"_s);
+    typeInto("lineEditCAS", u"7732-18-5"_s);
+    typeInto("lineEditCID", u"962"_s);
+    typeInto("lineEditAIE", u"12.6223(3)"_s);
+    typeInto("lineEditAIEComment", u"X 2B1 of H2O+"_s);
     Visitor::selectCharacter(widget("lineEditAIEComment"), 2);
     visitor->trigger("actionSuperscript");
-    typeInto("lineEditVIE", QStringLiteral("12.62"));
-    typeInto("lineEditVIEComment", QStringLiteral("10.1000/182"));
+    typeInto("lineEditVIE", u"12.62"_s);
+    typeInto("lineEditVIEComment", u"10.1000/182"_s);
     visitor->leaveFields();
 }
 
@@ -299,24 +299,24 @@ void ManualPictures::addSpectrum()
     visitor->trigger("actionNew");
     SpectrumModel* model = visitor->activeSpectrum().model();
     // Not today, so that the pictures stay the same.
-    model->setData(model->index(0, SpectrumModel::CreatedDate), QStringLiteral("2026-01-15"));
+    model->setData(model->index(0, SpectrumModel::CreatedDate), u"2026-01-15"_s);
 }
 
 void ManualPictures::fillSpectrum()
 {
-    typeInto("lineEditTitle", QStringLiteral("Threshold photoelectron spectrum"));
-    typeInto("lineEditUploader", QStringLiteral("A. Person"));
-    typeInto("lineEditSpectDOI", QStringLiteral("10.1000/183"));
+    typeInto("lineEditTitle", u"Threshold photoelectron spectrum"_s);
+    typeInto("lineEditUploader", u"A. Person"_s);
+    typeInto("lineEditSpectDOI", u"10.1000/183"_s);
     auto& types = Visitor::child<QComboBox>(visitor->activeSpectrum(), "comboBoxType");
     types.setFocus();
-    types.setCurrentText(QStringLiteral("TPES"));
-    typeInto("textEditCitations", QStringLiteral("Own measurement"));
-    typeInto("lineEditSource", QStringLiteral("synchrotron"));
-    typeInto("lineEditSourceT", QStringLiteral("300"));
-    typeInto("lineEditResolution", QStringLiteral("5"));
-    typeInto("lineEditFlux", QStringLiteral("photodiode"));
-    typeInto("lineEditFacilityDate", QStringLiteral("2026, at home"));
-    typeInto("textEditComments", QStringLiteral("none"));
+    types.setCurrentText(u"TPES"_s);
+    typeInto("textEditCitations", u"Own measurement"_s);
+    typeInto("lineEditSource", u"synchrotron"_s);
+    typeInto("lineEditSourceT", u"300"_s);
+    typeInto("lineEditResolution", u"5"_s);
+    typeInto("lineEditFlux", u"photodiode"_s);
+    typeInto("lineEditFacilityDate", u"2026, at home"_s);
+    typeInto("textEditComments", u"none"_s);
 }
 
 void ManualPictures::pastePoints(const QString& text)
@@ -376,9 +376,9 @@ QRect ManualPictures::aroundPoints() const
 
 void ManualPictures::save(const QPixmap& picture, const QString& name)
 {
-    const QString fileName = name + QLatin1String(".png");
+    const QString fileName = name + ".png"_L1;
     const bool saved = picture.save(outputFolder.filePath(fileName));
-    told += saved ? fileName : QStringLiteral("Cannot write %1").arg(fileName);
+    told += saved ? fileName : u"Cannot write %1"_s.arg(fileName);
     complete = saved && complete;
 }
 

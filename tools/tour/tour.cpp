@@ -11,11 +11,13 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 Tour::Tour(const QDir& examples, const QDir& output)
     : examplesFolder(examples)
     , outputFolder(output)
 {
-    outputFolder.mkpath(QStringLiteral("."));
+    outputFolder.mkpath(u"."_s);
 }
 
 QStringList Tour::account() const
@@ -26,41 +28,40 @@ QStringList Tour::account() const
 bool Tour::run()
 {
     const QStringList entries =
-        inSteppingOrder(examplesFolder.entryList({QStringLiteral("*.json")}, QDir::Files));
+        inSteppingOrder(examplesFolder.entryList({u"*.json"_s}, QDir::Files));
     if (entries.size() < 2 || !visitor.open(examplesFolder.filePath(entries.at(0)))) {
-        told += QStringLiteral("No example entries in %1").arg(examplesFolder.path());
+        told += u"No example entries in %1"_s.arg(examplesFolder.path());
         return false;
     }
-    takePicture(visitor.window(), QStringLiteral("1-entry"));
+    takePicture(visitor.window(), u"1-entry"_s);
 
     editFields();
     editPoints();
-    const QString entry = outputFolder.filePath(QStringLiteral("edited entry.json"));
+    const QString entry = outputFolder.filePath(u"edited entry.json"_s);
     visitor.saveAs(entry);
-    takePicture(visitor.window(), QStringLiteral("2-edited-and-saved"));
-    told += QStringLiteral("Opened, edited and saved %1").arg(entries.at(0));
+    takePicture(visitor.window(), u"2-edited-and-saved"_s);
+    told += u"Opened, edited and saved %1"_s.arg(entries.at(0));
 
-    const QString other = outputFolder.filePath(QStringLiteral("entry with copied spectrum.json"));
+    const QString other = outputFolder.filePath(u"entry with copied spectrum.json"_s);
     copySpectrumTo(examplesFolder.filePath(entries.at(1)), other);
-    told += QStringLiteral("Copied a spectrum to %1").arg(entries.at(1));
+    told += u"Copied a spectrum to %1"_s.arg(entries.at(1));
 
     const bool asSaved = isFoundAsSaved(entry) && isFoundAsSaved(other);
-    told += asSaved ? QStringLiteral("Opened both again: everything is as saved")
-                    : QStringLiteral("Opened both again: NOT everything is as saved");
+    told += asSaved ? u"Opened both again: everything is as saved"_s
+                    : u"Opened both again: NOT everything is as saved"_s;
     showBoxes();
-    told += QStringLiteral("Pictures and saved entries are in %1").arg(outputFolder.absolutePath());
+    told += u"Pictures and saved entries are in %1"_s.arg(outputFolder.absolutePath());
     return asSaved;
 }
 
 void Tour::editFields()
 {
-    const QString text = QStringLiteral("as for CO2");
+    const QString text = u"as for CO2"_s;
     auto& comment = Visitor::child<QWidget>(visitor.window(), "lineEditVIEComment");
     Visitor::typeInto(comment, text);
     Visitor::selectCharacter(comment, static_cast<int>(text.size()) - 1);
     visitor.trigger("actionSubscript");
-    Visitor::typeInto(Visitor::child<QWidget>(visitor.window(), "lineEditVIE"),
-                      QStringLiteral("9.5"));
+    Visitor::typeInto(Visitor::child<QWidget>(visitor.window(), "lineEditVIE"), u"9.5"_s);
     visitor.leaveFields();
 }
 
@@ -78,7 +79,7 @@ void Tour::copySpectrumTo(const QString& otherEntry, const QString& copy)
         return;
     visitor.trigger("actionPaste");
     visitor.saveAs(copy);
-    takePicture(visitor.window(), QStringLiteral("3-spectrum-copied-to-another-entry"));
+    takePicture(visitor.window(), u"3-spectrum-copied-to-another-entry"_s);
 }
 
 bool Tour::isFoundAsSaved(const QString& path)
@@ -86,7 +87,7 @@ bool Tour::isFoundAsSaved(const QString& path)
     const JsonFile::ReadResult saved = JsonFile::read(path);
     if (!saved.parsed || !visitor.open(path))
         return false;
-    const QString again = path + QLatin1String(".again");
+    const QString again = path + ".again"_L1;
     visitor.saveAs(again);
     return JsonFile::read(again).object == saved.object && QFile::remove(again);
 }
@@ -95,21 +96,21 @@ void Tour::showBoxes()
 {
     visitor.window().setModified();
     visitor.whenOneOpens([this](QWidget& box) {
-        takePicture(box, QStringLiteral("4-save-question"));
+        takePicture(box, u"4-save-question"_s);
         box.close();
     });
     visitor.window().close();
 
     visitor.whenOneOpens([this](QWidget& box) {
-        takePicture(box, QStringLiteral("5-error-box"));
+        takePicture(box, u"5-error-box"_s);
         box.close();
     });
-    QGuiApplication::clipboard()->setText(QStringLiteral("[1, 2, 3]"));
+    QGuiApplication::clipboard()->setText(u"[1, 2, 3]"_s);
     visitor.trigger("actionPaste");
 }
 
 void Tour::takePicture(QWidget& widget, const QString& name)
 {
     Visitor::letEventsPass(std::chrono::milliseconds(300));
-    widget.grab().save(outputFolder.filePath(name + QLatin1String(".png")));
+    widget.grab().save(outputFolder.filePath(name + ".png"_L1));
 }

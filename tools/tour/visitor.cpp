@@ -64,7 +64,7 @@ void Visitor::typeInto(QWidget& field, const QString& text)
 {
     field.setFocus();
     for (const QChar c : text) {
-        const int key = c == QLatin1Char('\n') ? Qt::Key_Return : 0;
+        const int key = c == u'\n' ? Qt::Key_Return : 0;
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(c));
         QApplication::sendEvent(&field, &press);
     }
