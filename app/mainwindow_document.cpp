@@ -28,6 +28,26 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Accepts a drag of an entry, as a copy if that is offered, whatever is proposed.
+void acceptDrag(QDragMoveEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+/// Takes a dropped entry. Never as a move, after which the file manager would delete the file that
+/// was just opened; where nothing else is offered the answer is that nothing was done to the file.
+void acceptDrop(QDropEvent* event)
+{
+    const bool canCopy = event->possibleActions().testFlag(Qt::CopyAction);
+    event->setDropAction(canCopy ? Qt::CopyAction : Qt::IgnoreAction);
+    event->accept();
+}
+
+} // namespace
+
 void MainWindow::setModified()
 {
     setModified(true);
@@ -199,7 +219,13 @@ JsonFile::WriteResult MainWindow::writeSpeciesFile() const
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
     if (!droppedJsonFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptDrag(event);
+}
+
+void MainWindow::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (!droppedJsonFile(event->mimeData()).isEmpty())
+        acceptDrag(event);
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
@@ -207,7 +233,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     const QString path = droppedJsonFile(event->mimeData());
     if (path.isEmpty())
         return;
-    event->acceptProposedAction();
+    acceptDrop(event);
     if (!askToSave())
         return;
 

@@ -10,6 +10,8 @@
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
+#include <QDragMoveEvent>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTest>
@@ -115,6 +117,58 @@ private Q_SLOTS:
         trigger(*window, "actionNew");
         trigger(*window, "actionSaveSpecies");
         QVERIFY(sandbox->read(fileName).contains("Dataset2"));
+    }
+
+    /// After a move the file manager would delete the file.
+    void dropIsACopyWhateverIsProposed_data()
+    {
+        QTest::addColumn<QByteArray>("onto");
+        QTest::addColumn<Qt::DropActions>("offered");
+        QTest::addColumn<Qt::KeyboardModifiers>("keys");
+        const Qt::DropActions all = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
+        for (const char* onto : {"statusbar", "lineEditSpecies", "textEditSpect"}) {
+            QTest::addRow("Shift, %s", onto)
+                << QByteArray(onto) << all << Qt::KeyboardModifiers(Qt::ShiftModifier);
+            QTest::addRow("no key, %s", onto)
+                << QByteArray(onto) << all << Qt::KeyboardModifiers(Qt::NoModifier);
+            QTest::addRow("nothing but a move, %s", onto)
+                << QByteArray(onto) << Qt::DropActions(Qt::MoveAction)
+                << Qt::KeyboardModifiers(Qt::NoModifier);
+        }
+    }
+
+    void dropIsACopyWhateverIsProposed()
+    {
+        QFETCH(const QByteArray, onto);
+        QFETCH(const Qt::DropActions, offered);
+        QFETCH(const Qt::KeyboardModifiers, keys);
+        const QString old = sandbox->write(u"old.json"_s, speciesFile(u"Old"_s, {u"old"_s}));
+        QVERIFY(window->loadSpecies(old));
+        QCoreApplication::processEvents();
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(
+            sandbox->write(u"in/a.json"_s, speciesFile(u"Water"_s, {u"one"_s})))});
+        const auto* target = child<QWidget>(*window, onto.constData());
+        const QPoint position = target->mapTo(window.get(), target->rect().center());
+        QWindow* handle = window->windowHandle();
+
+        // While it hovers a drag can be accepted only with an action that is offered.
+        const bool copyOffered = offered.testFlag(Qt::CopyAction);
+        const Qt::DropAction hovering = copyOffered ? Qt::CopyAction : Qt::MoveAction;
+        QDragEnterEvent enter(position, offered, &data, Qt::LeftButton, keys);
+        QCoreApplication::sendEvent(handle, &enter);
+        QVERIFY(enter.isAccepted());
+        QCOMPARE(enter.dropAction(), hovering);
+        QDragMoveEvent move(position, offered, &data, Qt::LeftButton, keys);
+        QCoreApplication::sendEvent(handle, &move);
+        QVERIFY(move.isAccepted());
+        QCOMPARE(move.dropAction(), hovering);
+        QDropEvent drop(position, offered, &data, Qt::LeftButton, keys);
+        QCoreApplication::sendEvent(handle, &drop);
+        QVERIFY(drop.isAccepted());
+        QCOMPARE(drop.dropAction(), copyOffered ? Qt::CopyAction : Qt::IgnoreAction);
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json"_s);
+        QVERIFY(QFileInfo::exists(sandbox->path(u"in/a.json"_s)));
     }
 
     void fieldsLeaveDroppedEntriesToTheWindow_data()
