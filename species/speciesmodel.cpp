@@ -7,6 +7,7 @@
 #include "widgets/cleanedhtml.h"
 
 #include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -39,8 +40,11 @@ constexpr std::array<Field, 11> fields{{
 
 QJsonValue toJsonValue(const QVariant& cell, Kind kind)
 {
-    if (kind == Kind::Number)
-        return cell.toDouble();
+    if (kind == Kind::Number) {
+        // JSON has no infinity; what is no finite number is no mass either.
+        const double number = cell.toDouble();
+        return std::isfinite(number) ? number : 0.0;
+    }
     return CleanedHtml::withoutForeignTags(cell.toString());
 }
 

@@ -17,6 +17,7 @@
 
 #include <array>
 #include <chrono>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -57,6 +58,12 @@ constexpr QLatin1StringView energyKey("E");
 constexpr QLatin1StringView intensityKey("I");
 /// Older records hold the points as one array of objects with "E" and "I".
 constexpr QLatin1StringView pointObjectsKey("Spectrum");
+
+/// JSON has no number for what "nan" and "inf" stand for; a reader would take its null for 0.
+double finiteNumber(double coordinate)
+{
+    return std::isfinite(coordinate) ? coordinate : 0.0;
+}
 
 const TypeTexts& textsOfType(int type)
 {
@@ -148,8 +155,8 @@ QJsonObject SpectrumModel::toJson() const
     QJsonArray intensities;
     const QList<QPointF> currentPoints = points();
     for (const QPointF& point : currentPoints) {
-        energies.append(point.x());
-        intensities.append(point.y());
+        energies.append(finiteNumber(point.x()));
+        intensities.append(finiteNumber(point.y()));
     }
     record.insert(energyKey, energies);
     record.insert(intensityKey, intensities);
