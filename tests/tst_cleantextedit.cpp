@@ -156,6 +156,34 @@ private Q_SLOTS:
         QCOMPARE(field.cleanedHtml(), QString());
     }
 
+    void textAfterAnEndlessWordBreaksBetweenWordsAgain_data()
+    {
+        QTest::addColumn<bool>("pasted");
+        QTest::newRow("loaded") << false;
+        QTest::newRow("pasted") << true;
+    }
+
+    void textAfterAnEndlessWordBreaksBetweenWordsAgain()
+    {
+        QFETCH(const bool, pasted);
+        Form form;
+        QVERIFY(form.show());
+        const QTextOption::WrapMode atFirst = form.field->wordWrapMode();
+        const QString endless(10'000, u'x');
+        if (pasted) {
+            QGuiApplication::clipboard()->setText(endless);
+            form.field->paste();
+        } else {
+            form.field->setCleanedHtml(endless);
+        }
+        QCOMPARE(form.field->wordWrapMode(), QTextOption::WrapAnywhere);
+        QCOMPARE(form.field->cleanedHtml(), endless);
+
+        form.field->setCleanedHtml(u"words that are <sup>not</sup> endless"_s);
+        QCOMPARE(form.field->wordWrapMode(), atFirst);
+        QCOMPARE(form.field->cleanedHtml(), u"words that are <sup>not</sup> endless"_s);
+    }
+
     void everyChangeIsAnnounced()
     {
         Form form;

@@ -47,6 +47,9 @@ void CleanTextEdit::setCleanedHtml(const QString& html)
 {
     prepareWrappingFor(html);
     setHtml(CleanedHtml::forHtmlReader(html));
+    // Not before: the old text, with its endless word, would be laid out once more.
+    if (wordWrapMode() == QTextOption::WrapAnywhere && !hasEndlessWord(html))
+        setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
 void CleanTextEdit::contextMenuEvent(QContextMenuEvent* event)
