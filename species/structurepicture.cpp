@@ -8,6 +8,14 @@
 #include <QBuffer>
 #include <QImageReader>
 
+namespace {
+
+/// Pictures of 6000 x 6000 pixels are read, at 16 bits a colour, too: what could be pasted has to
+/// be there when the entry is opened again.
+constexpr int mostMebibytes = 280;
+
+} // namespace
+
 namespace StructurePicture {
 
 QString toBase64Png(const QImage& image)
@@ -26,6 +34,7 @@ QImage fromBase64(const QString& text)
 
 QImage decode(const QByteArray& bytes)
 {
+    QImageReader::setAllocationLimit(mostMebibytes);
     QByteArray data = bytes;
     QBuffer buffer(&data);
     buffer.open(QIODevice::ReadOnly);

@@ -313,6 +313,25 @@ private Q_SLOTS:
         QVERIFY(decodedBase64(bytes).isNull());
     }
 
+    /// In the formats in which a clipboard may hold it, the largest of which needs 8 bytes a pixel.
+    void largePictureIsReadAgain_data()
+    {
+        QTest::addColumn<int>("format");
+        QTest::newRow("colours") << int(QImage::Format_RGB32);
+        QTest::newRow("transparent") << int(QImage::Format_ARGB32_Premultiplied);
+        QTest::newRow("16 bits a colour") << int(QImage::Format_RGBA64);
+    }
+
+    void largePictureIsReadAgain()
+    {
+        QFETCH(const int, format);
+        QImage picture(6000, 6000, static_cast<QImage::Format>(format));
+        picture.fill(Qt::darkGreen);
+        const QImage again = StructurePicture::fromBase64(StructurePicture::toBase64Png(picture));
+        QCOMPARE(again.size(), picture.size());
+        QCOMPARE(again.pixelColor(5999, 5999), picture.pixelColor(5999, 5999));
+    }
+
     void absurdlyLargePicturesAreRefused_data()
     {
         QTest::addColumn<QByteArray>("bytes");
