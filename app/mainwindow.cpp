@@ -77,6 +77,8 @@ void MainWindow::fitForm()
 void MainWindow::connectSignals()
 {
     connect(ui->buttonDownload, &QPushButton::clicked, this, &MainWindow::onButtonDownloadClicked);
+    // Nobody else learns for which substance a person asks.
+    networkManager->setRedirectPolicy(QNetworkRequest::SameOriginRedirectPolicy);
     connect(networkManager, &QNetworkAccessManager::finished, this, &MainWindow::onImageDownloaded);
     ui->imageLabel->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(ui->imageLabel, &QLabel::customContextMenuRequested, this, &MainWindow::showImageMenu);

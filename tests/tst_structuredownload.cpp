@@ -224,6 +224,40 @@ private Q_SLOTS:
         QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
     }
 
+    void redirectionOnTheHostIsFollowed()
+    {
+        host->redirect(caffeineTarget, "/pictures/58082.png");
+        host->serve("/pictures/58082.png", png(plainPicture(Qt::red)));
+        typeCasNumber(u"58-08-2"_s);
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(storedPicture(), plainPicture(Qt::red));
+    }
+
+    void redirectionElsewhereIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("location");
+        QTest::newRow("host") << QByteArray("https://elsewhere.example/58082.png");
+        QTest::newRow("host inside") << QByteArray("https://pictures.webbook.nist.gov/58082.png");
+        QTest::newRow("port") << QByteArray("https://webbook.nist.gov:8443/58082.png");
+        QTest::newRow("no encryption") << QByteArray("http://webbook.nist.gov/58082.png");
+    }
+
+    void redirectionElsewhereIsRefused()
+    {
+        QFETCH(const QByteArray, location);
+        host->redirect(caffeineTarget, location);
+        host->serve("/58082.png", png(plainPicture(Qt::red)));
+        keepPicture();
+        typeCasNumber(u"58-08-2"_s);
+        expectDownloadFailed();
+        clickDownload();
+        QVERIFY(finishDownload());
+        QCOMPARE(host->tunnels(), QByteArrayList{"CONNECT webbook.nist.gov:443"});
+        QCOMPARE(host->requests().size(), 1);
+        QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
+    }
+
     void unreachableHostIsReported()
     {
         host->close();

@@ -62,6 +62,11 @@ void PictureHost::serve(const QByteArray& target, const QByteArray& body)
     bodies.insert(target, body);
 }
 
+void PictureHost::redirect(const QByteArray& target, const QByteArray& location)
+{
+    locations.insert(target, location);
+}
+
 void PictureHost::release(const QByteArray& target)
 {
     QSslSocket* client = held.take(target);
@@ -130,6 +135,13 @@ void PictureHost::answer(QSslSocket& client, const QByteArray& target)
                     else
                         client.disconnectFromHost();
                 });
+        return;
+    }
+
+    if (locations.contains(target)) {
+        client.write("HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " +
+                     locations.value(target) + "\r\n\r\n");
+        client.flush();
         return;
     }
 

@@ -26,6 +26,9 @@ public:
     /// Answers a GET for @p target (path and query) with 200 and @p body; everything else gets 404.
     void serve(const QByteArray& target, const QByteArray& body);
 
+    /// Sends who asks for @p target on to @p location, a path on this host or a whole address.
+    void redirect(const QByteArray& target, const QByteArray& location);
+
     /// Answers a GET for @p target with a body that seems to have no end: 256 MiB, so that a
     /// program that takes it all fails its test and not the computer.
     void serveEndlessly(const QByteArray& target) { endlessTarget = target; }
@@ -55,6 +58,7 @@ private:
     QByteArray endlessTarget;
     qint64 endlessBytes = 0;
     QHash<QByteArray, QByteArray> bodies;
+    QHash<QByteArray, QByteArray> locations;
     QHash<QByteArray, QSslSocket*> held;
     QByteArrayList openedTunnels;
     QByteArrayList seenRequests;
