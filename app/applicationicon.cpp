@@ -10,6 +10,5 @@ using namespace Qt::StringLiterals;
 
 void setApplicationIcon()
 {
-    Q_INIT_RESOURCE(resources);
     QApplication::setWindowIcon(QIcon(u":/icons/korvela_entry.ico"_s));
 }

@@ -24,7 +24,6 @@ MainWindow::MainWindow(QWidget* parent)
     , speciesModel(new SpeciesModel(this))
     , mapper(new QDataWidgetMapper(this))
 {
-    Q_INIT_RESOURCE(resources);
     qRegisterMetaType<QNetworkReply*>();
     ui->setupUi(this);
     setCentralWidget(ui->centralwidget);

@@ -5,7 +5,7 @@ target_compile_features(korvela_options INTERFACE cxx_std_20)
 target_include_directories(korvela_options INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_definitions(
     korvela_options
-    INTERFACE QT_DISABLE_DEPRECATED_BEFORE=0x060400
+    INTERFACE QT_DISABLE_DEPRECATED_BEFORE=0x060800
               QT_NO_CAST_FROM_ASCII
               QT_NO_CAST_TO_ASCII
               QT_NO_CAST_FROM_BYTEARRAY
@@ -14,7 +14,6 @@ target_compile_definitions(
               QT_NO_JAVA_STYLE_ITERATORS
               QT_NO_KEYWORDS
               QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
-              QT_STRICT_ITERATORS
               QT_USE_QSTRINGBUILDER
 )
 

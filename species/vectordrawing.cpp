@@ -6,10 +6,8 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
-#ifdef KORVELA_HAS_ZLIB
 #include <array>
 #include <zlib.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -17,8 +15,6 @@ namespace {
 
 /// A drawing of this many bytes is no structural formula; it would only fill the memory.
 constexpr qsizetype maxDrawingSize = qsizetype{16} * 1024 * 1024;
-
-#ifdef KORVELA_HAS_ZLIB
 
 QByteArray uncompressed(const QByteArray& gzip)
 {
@@ -43,15 +39,6 @@ QByteArray uncompressed(const QByteArray& gzip)
     inflateEnd(&stream);
     return status == Z_STREAM_END ? output : QByteArray();
 }
-
-#else
-
-QByteArray uncompressed(const QByteArray& /*gzip*/)
-{
-    return {};
-}
-
-#endif
 
 /// The reference as it may stand in a self-contained drawing; empty when it must not.
 QString harmlessReference(const QString& reference, const VectorDrawing::PixelsOf& pixelsOf)
