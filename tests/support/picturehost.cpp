@@ -108,8 +108,9 @@ void PictureHost::readRequest(QSslSocket& client)
         return;
     QByteArray host;
     for (const QByteArray& line : head) {
-        if (line.startsWith("Host: "))
-            host = line.mid(6);
+        const qsizetype colon = line.indexOf(':'); // the case of names is the toolkit's affair
+        if (colon > 0 && line.first(colon).compare("Host", Qt::CaseInsensitive) == 0)
+            host = line.mid(colon + 1).trimmed();
     }
     seenRequests.append(head.constFirst() + " @" + host);
 
