@@ -10,11 +10,13 @@ export DEBIAN_FRONTEND=noninteractive
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd -P)
 log=$root/build/${0##*/}.log
 
-# What Debian 12 needs to build the editor and its tests, and to run both without a display. The SVG
-# plugin is loaded at run time; the OpenGL headers are asked for by Qt Charts.
+# What Debian 12 and 13 need to build the editor and its tests, and to run both without a display. The
+# OpenGL headers are asked for by Qt Charts. The SVG plugin is loaded at run time; without it all icons
+# are blank. It has a package of its own since Debian 13.
+svg_plugin='qt6-svg-plugins|libqt6svg6'
 build_packages=(
-    ca-certificates cmake fonts-dejavu-core g++ libqt6opengl6-dev libqt6svg6 ninja-build
-    qt6-base-dev qt6-charts-dev zlib1g-dev
+    ca-certificates cmake fonts-dejavu-core g++ libqt6opengl6-dev ninja-build qt6-base-dev
+    qt6-charts-dev "$svg_plugin" zlib1g-dev
 )
 
 fail() { # message
@@ -38,27 +40,47 @@ as_root() { # command...
     fi
 }
 
-missing_packages() { # package...
+is_installed() { # package
+    dpkg-query --show --showformat='${db:Status-Status}\n' "$1" 2> /dev/null |
+        grep --quiet --line-regexp installed
+}
+
+# The first of the alternatives that this release has; the last one where apt knows none of them.
+chosen_package() { # package[|package...]
+    local alternatives alternative
+    IFS='|' read -r -a alternatives <<< "$1"
+    for alternative in "${alternatives[@]:0:${#alternatives[@]} - 1}"; do
+        if [[ -n $(apt-cache madison "$alternative" 2> /dev/null) ]]; then
+            echo "$alternative"
+            return
+        fi
+    done
+    echo "${alternatives[-1]}"
+}
+
+missing_packages() { # package[|package...]...
     local package
     for package in "$@"; do
-        dpkg-query --show --showformat='${db:Status-Status}\n' "$package" 2> /dev/null |
-            grep --quiet --line-regexp installed || echo "$package"
+        is_installed "$(chosen_package "$package")" || echo "$package"
     done
 }
 
 # Installs what is missing. Does nothing on systems other than Debian and its relatives.
-install_packages() { # package...
+install_packages() { # package[|package...]...
     command -v apt-get > /dev/null || return 0
-    local missing
+    local missing package chosen=()
     mapfile -t missing < <(missing_packages "$@")
     (( ${#missing[@]} > 0 )) || return 0
     if (( EUID != 0 )) && ! command -v sudo > /dev/null; then
         fail "run as root or install sudo; missing packages: ${missing[*]}"
     fi
 
-    echo "Installing ${missing[*]}"
     quietly as_root apt-get update
-    quietly as_root apt-get install --yes --no-install-recommends "${missing[@]}"
+    for package in "${missing[@]}"; do
+        chosen+=("$(chosen_package "$package")")
+    done
+    echo "Installing ${chosen[*]}"
+    quietly as_root apt-get install --yes --no-install-recommends "${chosen[@]}"
 }
 
 install_build_packages() {
@@ -91,11 +113,13 @@ prefer_usable_cache() {
     fi
 }
 
-# Configures build/release and builds the given targets there.
+# Configures build/release and builds the given targets there. Warnings stop nobody but .ci/run, which
+# sets KORVELA_WARNINGS_AS_ERRORS: a compiler that nobody here has seen may have new ones.
 build_release() { # target...
     prefer_recent_cmake
     prefer_usable_cache
     echo "Building in $root/build/release"
-    quietly cmake -S "$root" --preset release -DKORVELA_BUILD_TESTS=ON
+    quietly cmake -S "$root" --preset release -DKORVELA_BUILD_TESTS=ON \
+        -DKORVELA_WARNINGS_AS_ERRORS="${KORVELA_WARNINGS_AS_ERRORS:-OFF}"
     quietly cmake --build "$root/build/release" --target "$@"
 }
