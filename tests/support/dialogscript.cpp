@@ -43,7 +43,8 @@ void DialogScript::answerOpenDialog()
     QWidget* open = QApplication::activePopupWidget();
     if (open == nullptr)
         open = QApplication::activeModalWidget();
-    if (open == nullptr || !open->isVisible())
+    // An answer that waits for something gets here while its dialog is still open.
+    if (open == nullptr || !open->isVisible() || beingAnswered.contains(open))
         return;
 
     if (QGuiApplication::overrideCursor() != nullptr)
@@ -57,7 +58,9 @@ void DialogScript::answerOpenDialog()
     }
     const Answer answer = script.front();
     script.pop();
+    beingAnswered.append(open);
     answer(*open);
+    beingAnswered.removeLast();
 }
 
 void DialogScript::expect(const Answer& answer)

@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <queue>
 
@@ -39,8 +40,8 @@ public:
     /// folder, when not empty, is the folder in which it has to start.
     void expectFileDialog(const QString& title, const QString& path, const QString& folder = {});
 
-    /// Any other dialog or popup: @p answer has to close it and may add to report() with
-    /// complain().
+    /// Any other dialog or popup: @p answer has to close it, may wait for something before, and may
+    /// add to report() with complain().
     void expect(const Answer& answer);
 
     void complain(const QString& problem);
@@ -54,5 +55,6 @@ private:
     void answerOpenDialog();
 
     std::queue<Answer> script;
+    QList<QPointer<QWidget>> beingAnswered; ///< The innermost last.
     QStringList problems;
 };
