@@ -9,6 +9,7 @@
 
 #include "benchmarks/measurement.h"
 #include "benchmarks/windows.h"
+#include "tests/support/child.h"
 #include "tests/support/dialogscript.h"
 
 #include <QApplication>
@@ -28,12 +29,12 @@ constexpr qsizetype namesAtOnce = 100;
 
 void click(const QWidget& dialog, const char* button)
 {
-    Windows::child<QPushButton>(dialog, button)->click();
+    TestSupport::child<QPushButton>(dialog, button)->click();
 }
 
 void end(const QWidget& dialog, QDialogButtonBox::StandardButton button)
 {
-    Windows::child<QDialogButtonBox>(dialog, "buttonBox")->button(button)->click();
+    TestSupport::child<QDialogButtonBox>(dialog, "buttonBox")->button(button)->click();
 }
 
 /// Fills the dialog in and leaves it; its entries stay.

@@ -6,6 +6,7 @@
 #include "benchmarks/measurement.h"
 #include "benchmarks/windows.h"
 #include "spectrum/spectrummodel.h"
+#include "tests/support/child.h"
 
 #include <QAction>
 #include <QFile>
@@ -23,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Windows::child;
+using TestSupport::child;
 using Windows::Editor;
 using Windows::settle;
 

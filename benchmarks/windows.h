@@ -17,16 +17,6 @@ namespace Windows {
 /// Lets everything pending happen: layout, painting and the end of closed windows.
 void settle();
 
-/// The only descendant of that type and name; ends the program when there is none.
-template <typename T>
-T* child(const QObject& parent, const char* name)
-{
-    auto* found = parent.findChild<T*>(QString::fromLatin1(name));
-    if (found == nullptr)
-        qFatal("no %s in the window", name);
-    return found;
-}
-
 /// Makes sure that what is measured really shows a chart.
 class ChartWatch : public QObject
 {

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "database/createdatabase.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/sandboxtest.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -34,28 +33,23 @@ constexpr QLatin1StringView noTarget("Where shall I save the database to? (Click
 } // namespace
 
 /// The dialog that collects what a database is compiled from.
-class TestCreateDatabase : public QObject
+class TestCreateDatabase : public SandboxTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox = std::make_unique<Sandbox>();
+        SandboxTest::init();
         TestSupport::rememberFolder(sandbox->path());
-        script = std::make_unique<DialogScript>();
         dialog = std::make_unique<CreateDatabase>(nullptr);
         QVERIFY(TestSupport::showActive(*dialog));
     }
 
-    void cleanup()
+    void cleanup() override
     {
-        const bool passed = script->passed();
-        const QByteArray report = script->report();
         dialog.reset();
-        script.reset();
-        sandbox.reset();
-        QVERIFY2(passed, report.constData());
+        SandboxTest::cleanup();
     }
 
     void dialogIsNamedAndSized()
@@ -177,13 +171,13 @@ private Q_SLOTS:
 
     void targetDialogSavesJsonFiles()
     {
-        script->expect([this](QWidget& widget) {
+        dialogs->expect([this](QWidget& widget) {
             auto* chooser = qobject_cast<QFileDialog*>(&widget);
             if (chooser == nullptr || chooser->windowTitle() != targetCaption ||
                 chooser->acceptMode() != QFileDialog::AcceptSave ||
                 chooser->nameFilters() != QStringList(u"JSON Files (*.json)"_s) ||
                 chooser->directory() != QDir(sandbox->path()))
-                script->complain(u"another file dialog was expected"_s);
+                dialogs->complain(u"another file dialog was expected"_s);
             widget.close();
         });
         clickSetDatabase();
@@ -193,11 +187,11 @@ private Q_SLOTS:
     {
         QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
         chooseTarget(sandbox->path(u"out/all.json"_s));
-        script->expect([this](QWidget& widget) {
+        dialogs->expect([this](QWidget& widget) {
             auto* chooser = qobject_cast<QFileDialog*>(&widget);
             if (chooser == nullptr || chooser->directory() != QDir(sandbox->path(u"out"_s)) ||
                 TestSupport::child<QLineEdit>(*chooser, "fileNameEdit")->text() != "all.json"_L1)
-                script->complain(u"the dialog opens elsewhere"_s);
+                dialogs->complain(u"the dialog opens elsewhere"_s);
             widget.close();
         });
         clickSetDatabase();
@@ -218,14 +212,14 @@ private Q_SLOTS:
 
     void speciesDialogTakesSeveralJsonFiles()
     {
-        script->expect([this](QWidget& widget) {
+        dialogs->expect([this](QWidget& widget) {
             auto* chooser = qobject_cast<QFileDialog*>(&widget);
             if (chooser == nullptr || chooser->windowTitle() != speciesCaption ||
                 chooser->fileMode() != QFileDialog::ExistingFiles ||
                 chooser->acceptMode() != QFileDialog::AcceptOpen ||
                 chooser->nameFilters() != QStringList(u"JSON Files (*.json)"_s) ||
                 chooser->directory() != QDir(sandbox->path()))
-                script->complain(u"another file dialog was expected"_s);
+                dialogs->complain(u"another file dialog was expected"_s);
             widget.close();
         });
         clickAddSpecies();
@@ -237,9 +231,9 @@ private Q_SLOTS:
         QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
         chooseTarget(sandbox->path(u"out/all.json"_s));
         const QString elsewhere = sandbox->write(u"out/a.json"_s, "{}");
-        script->expectFileDialog(speciesCaption, elsewhere, sandbox->path());
+        dialogs->expectFileDialog(speciesCaption, elsewhere, sandbox->path());
         clickAddSpecies();
-        script->expectFileDialog(speciesCaption, {}, sandbox->path());
+        dialogs->expectFileDialog(speciesCaption, {}, sandbox->path());
         clickAddSpecies();
         QCOMPARE(dialog->files(), QStringList(elsewhere));
         QCOMPARE(TestSupport::rememberedFolder(), sandbox->path());
@@ -267,7 +261,7 @@ private Q_SLOTS:
     void contentOfTheFilesIsNotLookedAt()
     {
         sandbox->write(u"a.json"_s, "no JSON at all");
-        script->expectFileDialog(speciesCaption, sandbox->path(u"a.json"_s));
+        dialogs->expectFileDialog(speciesCaption, sandbox->path(u"a.json"_s));
         clickAddSpecies();
         QCOMPARE(shownFiles(), QStringList(u"a.json"_s));
     }
@@ -275,7 +269,7 @@ private Q_SLOTS:
     void cancellingTheSpeciesDialogKeepsTheList()
     {
         addFiles({u"a.json"_s});
-        script->expectFileDialog(speciesCaption, {});
+        dialogs->expectFileDialog(speciesCaption, {});
         clickAddSpecies();
         QCOMPARE(shownFiles(), QStringList(u"a.json"_s));
         QCOMPARE(dialog->files(), QStringList(sandbox->path(u"a.json"_s)));
@@ -407,7 +401,7 @@ private:
 
     void chooseTarget(const QString& path)
     {
-        script->expectFileDialog(targetCaption, path);
+        dialogs->expectFileDialog(targetCaption, path);
         clickSetDatabase();
     }
 
@@ -419,13 +413,13 @@ private:
             const QString path = sandbox->write(name, TestSupport::speciesFile(name));
             quoted.append(u'"' + path + u'"');
         }
-        script->expectFileDialog(speciesCaption, quoted.join(u' '));
+        dialogs->expectFileDialog(speciesCaption, quoted.join(u' '));
         clickAddSpecies();
     }
 
     void expectWarning(const QString& text)
     {
-        script->expectBox(QMessageBox::Warning, u"Error"_s, text);
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s, text);
     }
 
     [[nodiscard]] QString shownTarget() const
@@ -442,8 +436,6 @@ private:
         return texts;
     }
 
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<DialogScript> script;
     std::unique_ptr<CreateDatabase> dialog;
 };
 

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QDir>
 #include <QDockWidget>
@@ -18,32 +16,19 @@
 #include <QTextEdit>
 #include <QWindow>
 
-#include <optional>
-
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
 
 /// Files dragged onto the window.
-class TestDocumentDrop : public QObject
+class TestDocumentDrop : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox.emplace();
+        WindowTest::init();
         QVERIFY(QDir(sandbox->path()).mkdir(u"in"_s));
-        window = std::make_unique<MainWindow>();
-        QVERIFY(showActive(*window));
-        dialogs.emplace();
-    }
-
-    void cleanup()
-    {
-        QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        dialogs.reset();
-        window.reset();
-        sandbox.reset();
     }
 
     void onlyLocalJsonFilesAreAccepted_data()
@@ -324,10 +309,6 @@ private:
         QVERIFY(window->loadSpecies(path));
         trigger(*window, "actionNew");
     }
-
-    std::optional<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
-    std::optional<DialogScript> dialogs;
 };
 
 QTEST_MAIN(TestDocumentDrop)

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -14,8 +12,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTextEdit>
-
-#include <optional>
 
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
@@ -29,27 +25,11 @@ const QString untitledModified = u"KORVELA Entry Edit - (untitled) *"_s;
 
 /// The life of a species document: its title, the question before changes are lost, clean, open,
 /// save, save as and close.
-class TestDocumentLife : public QObject
+class TestDocumentLife : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        sandbox.emplace();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(showActive(*window));
-        dialogs.emplace();
-    }
-
-    void cleanup()
-    {
-        QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        dialogs.reset();
-        window.reset();
-        sandbox.reset();
-    }
-
     // Title and flag
 
     void titleNamesTheFileWithoutItsFolder()
@@ -530,10 +510,6 @@ private:
         const QJsonObject root = QJsonDocument::fromJson(sandbox->read(file)).object();
         return root[u"Species"].toObject()[u"Name"].toString();
     }
-
-    std::optional<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
-    std::optional<DialogScript> dialogs;
 };
 
 QTEST_MAIN(TestDocumentLife)

@@ -8,6 +8,7 @@
 #include "species/structurepicture.h"
 #include "spectrum/spectrummodel.h"
 #include "support/jsonfile.h"
+#include "tests/support/child.h"
 #include "tests/support/sandbox.h"
 
 #include <QAction>

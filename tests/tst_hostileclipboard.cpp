@@ -1,20 +1,16 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTest>
-
-#include <optional>
 
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
@@ -34,27 +30,15 @@ QString spectrumWith(const QString& rest)
 } // namespace
 
 /// Pasting a spectrum while the clipboard holds anything at all.
-class TestHostileClipboard : public QObject
+class TestHostileClipboard : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox.emplace();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(showActive(*window));
+        WindowTest::init();
         QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, speciesFile(u"A"_s))));
-        dialogs.emplace();
-    }
-
-    void cleanup()
-    {
-        QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        QGuiApplication::clipboard()->clear();
-        dialogs.reset();
-        window.reset();
-        sandbox.reset();
     }
 
     void textThatIsNoObjectIsRefused_data()
@@ -184,10 +168,6 @@ private:
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json"_s);
         QCOMPARE(cell(*window, SpeciesModel::Name), u"A"_s);
     }
-
-    std::optional<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
-    std::optional<DialogScript> dialogs;
 };
 
 QTEST_MAIN(TestHostileClipboard)

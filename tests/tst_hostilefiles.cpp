@@ -1,17 +1,13 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "species/speciesfile.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QDir>
 #include <QStatusBar>
 #include <QTest>
-
-#include <optional>
 
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
@@ -34,29 +30,18 @@ QByteArray speciesWith(const QByteArray& key, const QByteArray& value)
 
 /// Files that are not what they should be: the program lives on, says so in its words, and
 /// what is open stays or goes as it should.
-class TestHostileFiles : public QObject
+class TestHostileFiles : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox.emplace();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(showActive(*window));
+        WindowTest::init();
         QVERIFY(QDir(sandbox->path()).mkdir(u"in"_s));
         const QString path = sandbox->write(u"good.json"_s, speciesFile(u"Good"_s, {u"good"_s}));
         QVERIFY(window->loadSpecies(path));
         rememberFolder(u"/nowhere"_s);
-        dialogs.emplace();
-    }
-
-    void cleanup()
-    {
-        QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        dialogs.reset();
-        window.reset();
-        sandbox.reset();
     }
 
     // Files that are refused
@@ -313,10 +298,6 @@ private:
         QCOMPARE(rememberedFolder(), u"/nowhere"_s);
         QCOMPARE(QApplication::overrideCursor(), nullptr);
     }
-
-    std::optional<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
-    std::optional<DialogScript> dialogs;
 };
 
 QTEST_MAIN(TestHostileFiles)

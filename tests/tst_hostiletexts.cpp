@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 #include "widgets/cleantextedit.h"
 
 #include <QComboBox>
@@ -16,7 +15,6 @@
 #include <QTest>
 
 #include <functional>
-#include <optional>
 
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
@@ -50,16 +48,14 @@ QJsonObject withAll(const QStringList& keys, const QJsonValue& value)
 } // namespace
 
 /// Well-formed files whose values are not what their keys promise.
-class TestHostileTexts : public QObject
+class TestHostileTexts : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox.emplace();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(showActive(*window));
+        WindowTest::init();
         // What a file does not say has to go, so there is something of everything.
         QJsonObject species = withAll(speciesTexts, u"old"_s);
         species.insert(u"Mass"_s, 18.01);
@@ -67,12 +63,6 @@ private Q_SLOTS:
         dataset.insert(u"LineSpectrum"_s, true);
         open(species, dataset);
         QCOMPARE(cell(*window, SpeciesModel::VieComment), u"old"_s);
-    }
-
-    void cleanup()
-    {
-        window.reset();
-        sandbox.reset();
     }
 
     void textsOfAnotherTypeReadAsEmpty_data() { otherTypes(); }
@@ -331,9 +321,6 @@ private:
     }
     [[nodiscard]] QJsonObject savedSpecies() const { return saved()[u"Species"].toObject(); }
     [[nodiscard]] QJsonObject savedDataset() const { return saved()[u"Dataset1"].toObject(); }
-
-    std::optional<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
 };
 
 QTEST_MAIN(TestHostileTexts)

@@ -3,10 +3,9 @@
 
 #include "app/mainwindow.h"
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/fulldisk.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/sandboxtest.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -21,7 +20,6 @@
 
 #include <climits>
 #include <csignal>
-#include <memory>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -67,25 +65,15 @@ QStringList filesIn(const QString& folder)
 
 /// Saving is whole or nothing: a program that is killed and a disk that is full leave the old file
 /// or the new one, and nothing in between.
-class TestKilledSaves : public QObject
+class TestKilledSaves : public SandboxTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox = std::make_unique<Sandbox>();
+        SandboxTest::init();
         QVERIFY(QDir(sandbox->path()).mkdir(u"files"_s));
-        dialogs = std::make_unique<DialogScript>();
-    }
-
-    void cleanup()
-    {
-        const bool passed = dialogs->passed();
-        const QByteArray report = dialogs->report();
-        dialogs.reset();
-        sandbox.reset();
-        QVERIFY2(passed, report.constData());
     }
 
     /// What a killed save may leave behind is its own temporary file beside the entry
@@ -302,9 +290,6 @@ private:
                               Qt::LeftButton);
         });
     }
-
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<DialogScript> dialogs;
 };
 
 QTEST_MAIN(TestKilledSaves)

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "support/lastopenfolder.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/sandboxtest.h"
 
 #include <QDir>
 #include <QSettings>
@@ -11,20 +11,15 @@
 using namespace Qt::StringLiterals;
 
 /// The folder in which file dialogs start.
-class TestLastOpenFolder : public QObject
+class TestLastOpenFolder : public SandboxTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void isTheHomeFolderAtFirst()
-    {
-        const Sandbox sandbox;
-        QCOMPARE(LastOpenFolder::path(), QDir::homePath());
-    }
+    void isTheHomeFolderAtFirst() { QCOMPARE(LastOpenFolder::path(), QDir::homePath()); }
 
     void askingStoresNothing()
     {
-        const Sandbox sandbox;
         QCOMPARE(LastOpenFolder::path(), QDir::homePath());
         const QSettings settings(u"Ostravel"_s, u"KORVELA"_s);
         QCOMPARE(settings.allKeys(), QStringList());
@@ -32,7 +27,6 @@ private Q_SLOTS:
 
     void isTheFolderOfTheLastFile()
     {
-        const Sandbox sandbox;
         LastOpenFolder::rememberFolderOf(u"/data/first/a.json"_s);
         QCOMPARE(LastOpenFolder::path(), u"/data/first"_s);
         LastOpenFolder::rememberFolderOf(u"/data/second/b.json"_s);
@@ -41,7 +35,6 @@ private Q_SLOTS:
 
     void isStoredUnderItsOneKey()
     {
-        const Sandbox sandbox;
         LastOpenFolder::rememberFolderOf(u"/data/spectra/a.json"_s);
         const QSettings settings(u"Ostravel"_s, u"KORVELA"_s);
         QCOMPARE(settings.allKeys(), QStringList{u"lastOpenFolder"_s});
@@ -50,7 +43,6 @@ private Q_SLOTS:
 
     void isReadFromTheSettings()
     {
-        const Sandbox sandbox;
         QSettings(u"Ostravel"_s, u"KORVELA"_s).setValue(u"lastOpenFolder"_s, u"/no/longer/there"_s);
         QCOMPARE(LastOpenFolder::path(), u"/no/longer/there"_s);
     }
@@ -72,7 +64,6 @@ private Q_SLOTS:
     void isAbsolute()
     {
         QFETCH(const QString, file);
-        const Sandbox sandbox;
         LastOpenFolder::rememberFolderOf(file);
         QTEST(LastOpenFolder::path(), "folder");
     }

@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 #include "widgets/cleantextedit.h"
 
 #include <QAbstractButton>
@@ -26,7 +25,7 @@ using TestSupport::child;
 using namespace Qt::StringLiterals;
 
 /// The window as it comes up: what is in it, where, and what it is called.
-class TestMainWindow : public QObject
+class TestMainWindow : public WindowTest
 {
     Q_OBJECT
 
@@ -72,24 +71,19 @@ private Q_SLOTS:
 
     void startsWithTheBareTitleAndItsSize()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        QCOMPARE(window.objectName(), u"MainWindow"_s);
-        QCOMPARE(window.windowTitle(), u"KORVELA Entry Edit"_s);
-        QCOMPARE(window.size(), QSize(1272, 873));
-        QCOMPARE(window.iconSize(), QSize(16, 16));
-        QVERIFY(window.acceptDrops());
-        QVERIFY(TestSupport::subWindows(window).isEmpty());
+        QCOMPARE(window->objectName(), u"MainWindow"_s);
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit"_s);
+        QCOMPARE(window->size(), QSize(1272, 873));
+        QCOMPARE(window->iconSize(), QSize(16, 16));
+        QVERIFY(window->acceptDrops());
+        QVERIFY(TestSupport::subWindows(*window).isEmpty());
     }
 
     void firstChangeMarksTheUntitledDocument()
     {
-        const Sandbox sandbox;
-        MainWindow window;
-        QVERIFY(TestSupport::showActive(window));
-        QCOMPARE(window.windowTitle(), u"KORVELA Entry Edit"_s);
-        window.createNewSpectrumWindow();
-        QCOMPARE(window.windowTitle(), u"KORVELA Entry Edit - (untitled) *"_s);
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit"_s);
+        window->createNewSpectrumWindow();
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - (untitled) *"_s);
     }
 
     void objectHasItsNameAndClass_data()
@@ -129,32 +123,27 @@ private Q_SLOTS:
     void objectHasItsNameAndClass()
     {
         QFETCH(QByteArray, className);
-        const Sandbox sandbox;
-        const MainWindow window;
         const auto found =
-            window.findChildren<QObject*>(QLatin1StringView(QTest::currentDataTag()));
+            window->findChildren<QObject*>(QLatin1StringView(QTest::currentDataTag()));
         QCOMPARE(found.size(), 1);
         QCOMPARE(found.constFirst()->metaObject()->className(), className);
     }
 
     void helpersBelongToTheWindow()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        QCOMPARE(window.findChildren<QNetworkAccessManager*>(Qt::FindDirectChildrenOnly).size(), 1);
-        QCOMPARE(window.findChildren<SpeciesModel*>(Qt::FindDirectChildrenOnly).size(), 1);
-        const auto mappers = window.findChildren<QDataWidgetMapper*>(Qt::FindDirectChildrenOnly);
+        QCOMPARE(window->findChildren<QNetworkAccessManager*>(Qt::FindDirectChildrenOnly).size(),
+                 1);
+        QCOMPARE(window->findChildren<SpeciesModel*>(Qt::FindDirectChildrenOnly).size(), 1);
+        const auto mappers = window->findChildren<QDataWidgetMapper*>(Qt::FindDirectChildrenOnly);
         QCOMPARE(mappers.size(), 1);
-        QCOMPARE(mappers.constFirst()->model(), window.findChild<SpeciesModel*>());
+        QCOMPARE(mappers.constFirst()->model(), window->findChild<SpeciesModel*>());
     }
 
     void spectraHaveATabbedAreaInTheCentre()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        const auto* centre = child<QWidget>(window, "centralwidget");
-        const auto* area = child<QMdiArea>(window, "mdiArea");
-        QCOMPARE(window.centralWidget(), centre);
+        const auto* centre = child<QWidget>(*window, "centralwidget");
+        const auto* area = child<QMdiArea>(*window, "mdiArea");
+        QCOMPARE(window->centralWidget(), centre);
         QCOMPARE(centre->layout()->objectName(), u"horizontalLayout_5"_s);
         QCOMPARE(centre->layout()->itemAt(0)->widget(), area);
         QCOMPARE(centre->layout()->count(), 1);
@@ -166,29 +155,24 @@ private Q_SLOTS:
 
     void barsStandInTheirPlaces()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        QCOMPARE(window.menuWidget(), child<QMenuBar>(window, "menubar"));
-        const auto statusBars = window.findChildren<QStatusBar*>(Qt::FindDirectChildrenOnly);
+        QCOMPARE(window->menuWidget(), child<QMenuBar>(*window, "menubar"));
+        const auto statusBars = window->findChildren<QStatusBar*>(Qt::FindDirectChildrenOnly);
         QCOMPARE(statusBars.size(), 1);
-        const auto* toolBar = child<QToolBar>(window, "toolBar");
+        const auto* toolBar = child<QToolBar>(*window, "toolBar");
         QCOMPARE(toolBar->windowTitle(), u"toolBar"_s);
-        QCOMPARE(window.toolBarArea(toolBar), Qt::TopToolBarArea);
+        QCOMPARE(window->toolBarArea(toolBar), Qt::TopToolBarArea);
         QCOMPARE(toolBar->iconSize(), QSize(16, 16));
         QCOMPARE(toolBar->toolButtonStyle(), QToolBar().toolButtonStyle());
     }
 
     void dockMovesAndFloatsButDoesNotClose()
     {
-        const Sandbox sandbox;
-        MainWindow window;
-        QVERIFY(TestSupport::showActive(window));
-        auto* dock = child<QDockWidget>(window, "speciesDock");
+        auto* dock = child<QDockWidget>(*window, "speciesDock");
         QCOMPARE(dock->windowTitle(), u"Species profile"_s);
         QCOMPARE(dock->features(),
                  QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
-        QCOMPARE(window.dockWidgetArea(dock), Qt::LeftDockWidgetArea);
-        QCOMPARE(dock->widget(), child<QWidget>(window, "dockWidgetContents"));
+        QCOMPARE(window->dockWidgetArea(dock), Qt::LeftDockWidgetArea);
+        QCOMPARE(dock->widget(), child<QWidget>(*window, "dockWidgetContents"));
         QVERIFY(!child<QAbstractButton>(*dock, "qt_dockwidget_closebutton")->isVisible());
         QVERIFY(child<QAbstractButton>(*dock, "qt_dockwidget_floatbutton")->isVisible());
         QVERIFY(!dock->toggleViewAction()->isEnabled());
@@ -196,22 +180,18 @@ private Q_SLOTS:
 
     void dockIsGrey()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        QCOMPARE(child<QDockWidget>(window, "speciesDock")->styleSheet(),
+        QCOMPARE(child<QDockWidget>(*window, "speciesDock")->styleSheet(),
                  u"QDockWidget::title { background-color: #a0a0a0; padding: 4px; }\n"
                  u"QWidget { background-color: #c9c9c9; }\n"_s);
     }
 
     void dockHoldsTheFormAboveTheImage()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        const QLayout* layout = child<QWidget>(window, "dockWidgetContents")->layout();
+        const QLayout* layout = child<QWidget>(*window, "dockWidgetContents")->layout();
         QCOMPARE(layout->objectName(), u"verticalLayout"_s);
         QCOMPARE(layout->count(), 2);
-        QCOMPARE(layout->itemAt(0)->layout(), child<QFormLayout>(window, "formLayout"));
-        QCOMPARE(layout->itemAt(1)->widget(), child<QLabel>(window, "imageLabel"));
+        QCOMPARE(layout->itemAt(0)->layout(), child<QFormLayout>(*window, "formLayout"));
+        QCOMPARE(layout->itemAt(1)->widget(), child<QLabel>(*window, "imageLabel"));
     }
 
     void formRow_data()
@@ -246,9 +226,7 @@ private Q_SLOTS:
         QFETCH(QString, label);
         QFETCH(QString, text);
         QFETCH(QStringList, fields);
-        const Sandbox sandbox;
-        const MainWindow window;
-        const auto* form = child<QFormLayout>(window, "formLayout");
+        const auto* form = child<QFormLayout>(*window, "formLayout");
         QCOMPARE(form->rowCount(), 10);
 
         const QLayoutItem* labelItem = form->itemAt(row, QFormLayout::LabelRole);
@@ -273,22 +251,18 @@ private Q_SLOTS:
 
     void energyColumnsHaveHeadings()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        const auto* energy = child<QLabel>(window, "label_11");
+        const auto* energy = child<QLabel>(*window, "label_11");
         QCOMPARE(energy->text(), u"eV"_s);
         QCOMPARE(energy->sizePolicy().horizontalPolicy(), QSizePolicy::Preferred);
         QCOMPARE(energy->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
         QCOMPARE(energy->maximumWidth(), 65);
-        QCOMPARE(child<QLabel>(window, "label_10")->text(), u"Comment / DOI"_s);
-        QCOMPARE(child<QPushButton>(window, "buttonDownload")->text(), u"Struct"_s);
+        QCOMPARE(child<QLabel>(*window, "label_10")->text(), u"Comment / DOI"_s);
+        QCOMPARE(child<QPushButton>(*window, "buttonDownload")->text(), u"Struct"_s);
     }
 
     void aliasesFieldTakesNoDropsAndTurnsBlueWithTheFocus()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        const auto* aliases = child<CleanTextEdit>(window, "textEditAliases");
+        const auto* aliases = child<CleanTextEdit>(*window, "textEditAliases");
         QVERIFY(!aliases->acceptDrops());
         QCOMPARE(aliases->styleSheet().simplified(),
                  u"QTextEdit { background: white; border: 1px solid lightgray; padding: 2px; "
@@ -297,9 +271,7 @@ private Q_SLOTS:
 
     void imageLabelIsAWhiteRoundedBox()
     {
-        const Sandbox sandbox;
-        const MainWindow window;
-        const auto* label = child<QLabel>(window, "imageLabel");
+        const auto* label = child<QLabel>(*window, "imageLabel");
         QCOMPARE(label->minimumSize(), QSize(200, 150));
         QCOMPARE(label->maximumSize(), QSize(20000, 150));
         QCOMPARE(label->alignment(), Qt::AlignCenter);
@@ -316,10 +288,7 @@ private Q_SLOTS:
 
     void tabWalksThroughTheForm()
     {
-        const Sandbox sandbox;
-        MainWindow window;
-        QVERIFY(TestSupport::showActive(window));
-        child<QWidget>(window, "lineEditSpecies")->setFocus();
+        child<QWidget>(*window, "lineEditSpecies")->setFocus();
         QStringList walked;
         for (int i = 0; i < 12; ++i) {
             walked.append(QApplication::focusWidget()->objectName());

@@ -5,9 +5,8 @@
 #include "database/createdatabase.h"
 #include "spectrum/spectrumwindow.h"
 #include "support/messages.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/sandboxtest.h"
 #include "tests/support/traps.h"
 #include "widgets/singlelinetextedit.h"
 
@@ -135,20 +134,17 @@ void lookAtEverything(QWidget& window)
 } // namespace
 
 /// Nothing that a text names is ever read: a text may come from anybody's file.
-class TestRichTextResources : public QObject
+class TestRichTextResources : public SandboxTest
 {
     Q_OBJECT
 
-    std::unique_ptr<Sandbox> sandbox;
     std::unique_ptr<FifoTrap> trap;
     std::unique_ptr<LoopbackTrap> host;
-    std::unique_ptr<DialogScript> dialogs;
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox = std::make_unique<Sandbox>();
-        dialogs = std::make_unique<DialogScript>();
+        SandboxTest::init();
         trap = std::make_unique<FifoTrap>(sandbox->path(u"trap"_s));
         host = std::make_unique<LoopbackTrap>();
         if (!trap->isSet())
@@ -156,16 +152,11 @@ private Q_SLOTS:
         QVERIFY(host->isSet());
     }
 
-    void cleanup()
+    void cleanup() override
     {
-        const bool passed = dialogs->passed();
-        const QByteArray report = dialogs->report();
-        QGuiApplication::clipboard()->clear();
         host.reset();
         trap.reset();
-        dialogs.reset();
-        sandbox.reset();
-        QVERIFY2(passed, report.constData());
+        SandboxTest::cleanup();
     }
 
     void trapCatchesAnOrdinaryField_data() { workingTraps(); }

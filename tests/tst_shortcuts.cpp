@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 #include "widgets/cleantextedit.h"
 
 #include <QClipboard>
@@ -13,8 +11,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
-
-#include <optional>
 
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
@@ -45,27 +41,16 @@ protected:
 } // namespace
 
 /// The commands' keys while a field has the focus.
-class TestShortcuts : public QObject
+class TestShortcuts : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox.emplace();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(showActive(*window));
+        WindowTest::init();
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"Water"_s, {u"one"_s}));
         QVERIFY(window->loadSpecies(path));
-        dialogs.emplace();
-    }
-
-    void cleanup()
-    {
-        QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        dialogs.reset();
-        window.reset();
-        sandbox.reset();
     }
 
     void cleanWorksInside_data() { allFields(); }
@@ -236,10 +221,6 @@ private:
     {
         QTest::keySequence(QApplication::focusWidget(), QKeySequence(QLatin1StringView(keys)));
     }
-
-    std::optional<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
-    std::optional<DialogScript> dialogs;
 };
 
 QTEST_MAIN(TestShortcuts)

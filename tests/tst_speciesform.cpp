@@ -1,17 +1,14 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "species/speciesmodel.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 #include "widgets/singlelinetextedit.h"
 
 #include <QDataWidgetMapper>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -51,12 +48,10 @@ void fieldRows()
 } // namespace
 
 /// The species form and the record behind it.
-class TestSpeciesForm : public QObject
+class TestSpeciesForm : public WindowTest
 {
     Q_OBJECT
 
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
     SpeciesModel* model = nullptr;
     QPushButton* elsewhere = nullptr;
 
@@ -97,19 +92,11 @@ class TestSpeciesForm : public QObject
     }
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox = std::make_unique<Sandbox>();
-        window = std::make_unique<MainWindow>();
+        WindowTest::init();
         model = window->findChild<SpeciesModel*>();
         elsewhere = child<QPushButton>(*window, "buttonDownload");
-        QVERIFY(TestSupport::showActive(*window));
-    }
-
-    void cleanup()
-    {
-        window.reset();
-        sandbox.reset();
     }
 
     void modelAndMapperBelongToTheWindow()

@@ -4,8 +4,7 @@
 #include "spectrum/spectrumchartview.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testdocument.h"
+#include "tests/support/spectrumtest.h"
 
 #include <QCheckBox>
 #include <QJsonArray>
@@ -22,7 +21,7 @@
 #include <cmath>
 
 using namespace Qt::StringLiterals;
-using TestSupport::child;
+using namespace TestSupport;
 
 namespace {
 
@@ -31,33 +30,21 @@ using Points = QList<QPointF>;
 /// The drawn part of the plane: lowest and highest energy, lowest and highest intensity.
 using Range = QList<double>;
 
-SpectrumChartView* chartView(const QWidget& window)
-{
-    return child<SpectrumChartView>(window, "chartSpectrum");
-}
-
-QValueAxis* axis(const QWidget& window, Qt::Orientation orientation)
+QValueAxis* axis(const SpectrumWindow& window, Qt::Orientation orientation)
 {
     return qobject_cast<QValueAxis*>(chartView(window)->chart()->axes(orientation).constFirst());
 }
 
-Range range(const QWidget& window)
+Range range(const SpectrumWindow& window)
 {
     const auto* x = axis(window, Qt::Horizontal);
     const auto* y = axis(window, Qt::Vertical);
     return {x->min(), x->max(), y->min(), y->max()};
 }
 
-QLineSeries* series(const QWidget& window)
+QLineSeries* series(const SpectrumWindow& window)
 {
     return qobject_cast<QLineSeries*>(chartView(window)->chart()->series().constFirst());
-}
-
-/// Has the model take over the point text now, without the pause after typing.
-void setPoints(const SpectrumWindow& window, const QString& text)
-{
-    child<QPlainTextEdit>(window, "textEditSpect")->setPlainText(text);
-    QMetaObject::invokeMethod(window.model(), "emitSpectrumDataChanged", Qt::DirectConnection);
 }
 
 void normalize(const SpectrumWindow& window)
@@ -106,7 +93,7 @@ QString describe(const Range& values)
 } // namespace
 
 /// The chart of a spectrum window: what it draws and which part of it is seen.
-class TestSpectrumChart : public QObject
+class TestSpectrumChart : public SpectrumTest
 {
     Q_OBJECT
 
@@ -270,11 +257,8 @@ private Q_SLOTS:
 
     void draggingARectangleZoomsIntoIt()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
+        const auto* window = show();
         setPoints(*window, u"0 0\n10 100"_s);
-        QVERIFY(TestSupport::showActive(document));
         zoomIn(*chartView(*window));
         const Range seen = range(*window);
         QVERIFY2(isNear(seen.first(2), {2.5, 7.5}, 0.3), qPrintable(describe(seen)));
@@ -291,11 +275,8 @@ private Q_SLOTS:
 
     void rightClickShowsEverythingAgain()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
+        const auto* window = show();
         setPoints(*window, u"0 0\n10 100"_s);
-        QVERIFY(TestSupport::showActive(document));
         const auto* view = chartView(*window);
         zoomIn(*view);
         zoomIn(*view);
@@ -308,22 +289,16 @@ private Q_SLOTS:
 
     void rightClickDoesNotZoomOut()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
+        const auto* window = show();
         setPoints(*window, u"0 0\n10 100"_s);
-        QVERIFY(TestSupport::showActive(document));
         rightClick(*chartView(*window));
         QCOMPARE(range(*window), (Range{0, 10, 0, 100}));
     }
 
     void newPointsEndTheZoom()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
+        const auto* window = show();
         setPoints(*window, u"0 0\n10 100"_s);
-        QVERIFY(TestSupport::showActive(document));
         zoomIn(*chartView(*window));
         normalize(*window);
         QCOMPARE(range(*window), (Range{0, 10, 0, 1000}));
@@ -331,11 +306,8 @@ private Q_SLOTS:
 
     void rightClickAfterAZoomShowsTodaysPoints()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
+        const auto* window = show();
         setPoints(*window, u"0 0\n10 100"_s);
-        QVERIFY(TestSupport::showActive(document));
         zoomIn(*chartView(*window));
         setPoints(*window, u"20 5\n30 6"_s);
         rightClick(*chartView(*window));
@@ -361,15 +333,12 @@ private Q_SLOTS:
     void oddPointsLeaveTheChartUsable()
     {
         QFETCH(QString, text);
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         const auto* view = chartView(*window);
         setPoints(*window, text);
-        QVERIFY(!document.grab().isNull());
+        QVERIFY(!document->grab().isNull());
         zoomIn(*view);
-        QVERIFY(!document.grab().isNull());
+        QVERIFY(!document->grab().isNull());
         rightClick(*view);
 
         setPoints(*window, u"0 0\n10 100"_s);
@@ -384,11 +353,8 @@ private Q_SLOTS:
 
     void togglingSticksEndsTheZoom()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
+        const auto* window = show();
         setPoints(*window, u"0 0\n10 100"_s);
-        QVERIFY(TestSupport::showActive(document));
         zoomIn(*chartView(*window));
         auto* box = child<QCheckBox>(*window, "checkBoxLineSpectrum");
         box->setFocus();

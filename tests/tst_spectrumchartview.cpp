@@ -108,7 +108,6 @@ private Q_SLOTS:
     void hoveringShowsTheValueUnderTheMouse()
     {
         QFETCH(QPoint, pixel);
-        const Sandbox sandbox;
         ShownChart chart(11.345678, 13.345678, -1.5, 2.5);
         QVERIFY(chart.shown);
         chart.hover({10, 10});
@@ -118,7 +117,6 @@ private Q_SLOTS:
 
     void largeValuesAreShownWithoutExponent()
     {
-        const Sandbox sandbox;
         ShownChart chart(0, 2e8, -2e9, 0);
         QVERIFY(chart.shown);
         chart.hover({10, 10});
@@ -128,7 +126,6 @@ private Q_SLOTS:
 
     void positionIsRoundedToWholePixels()
     {
-        const Sandbox sandbox;
         ShownChart chart(0, 200, 0, 200); // one unit a pixel
         QVERIFY(chart.shown);
         const auto moveTo = [&chart](QPointF position) {
@@ -144,7 +141,6 @@ private Q_SLOTS:
 
     void readOutSitsInTheBottomRightCorner()
     {
-        const Sandbox sandbox;
         ShownChart chart(0, 1000, 0, 1);
         QVERIFY(chart.shown);
         const auto corner = [&chart] {
@@ -165,7 +161,6 @@ private Q_SLOTS:
 
     void readOutLetsTheMouseThrough()
     {
-        const Sandbox sandbox;
         ShownChart chart(0, 200, 0, 200);
         QVERIFY(chart.shown);
         chart.hover({10, 10});
@@ -177,7 +172,6 @@ private Q_SLOTS:
 
     void readOutStaysInsideASmallView()
     {
-        const Sandbox sandbox;
         ShownChart chart(0, 10, 0, 1);
         QVERIFY(chart.shown);
         chart.hover({10, 10});
@@ -191,7 +185,6 @@ private Q_SLOTS:
 
     void draggingStillReadsOut()
     {
-        const Sandbox sandbox;
         ShownChart chart(0, 200, 0, 200);
         QVERIFY(chart.shown);
         QTest::mousePress(chart.view.viewport(), Qt::LeftButton, {}, {150, 100});
@@ -215,7 +208,6 @@ private Q_SLOTS:
     void pressBesideTheChartDoesNothing()
     {
         QFETCH(Qt::MouseButton, button);
-        const Sandbox sandbox;
         ShownChart chart(0, 200, 0, 200);
         QVERIFY(chart.shown);
         chart.leaveRoomBeside();
@@ -229,7 +221,6 @@ private Q_SLOTS:
 
     void rightClickBesideTheChartEndsTheZoom()
     {
-        const Sandbox sandbox;
         ShownChart chart(0, 200, 0, 200);
         QVERIFY(chart.shown);
         chart.view.chart()->zoomIn(QRectF(150, 100, 100, 100));

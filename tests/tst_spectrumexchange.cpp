@@ -1,13 +1,11 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "spectrum/spectrumcontainer.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QClipboard>
 #include <QDate>
@@ -24,8 +22,6 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-
-#include <optional>
 
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
@@ -48,28 +44,16 @@ void setClipboardText(const QString& text)
 } // namespace
 
 /// Spectra come and go: new, delete, copy, paste, open and save.
-class TestSpectrumExchange : public QObject
+class TestSpectrumExchange : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox.emplace();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(showActive(*window));
+        WindowTest::init();
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"A"_s, {u"one"_s, u"two"_s}));
         QVERIFY(window->loadSpecies(path));
-        dialogs.emplace();
-        QGuiApplication::clipboard()->clear();
-    }
-
-    void cleanup()
-    {
-        QVERIFY2(dialogs->passed(), dialogs->report().constData());
-        dialogs.reset();
-        window.reset();
-        sandbox.reset();
     }
 
     // The container
@@ -436,10 +420,6 @@ private:
         return qobject_cast<SpectrumWindow*>(
             child<QMdiArea>(*window, "mdiArea")->activeSubWindow()->widget());
     }
-
-    std::optional<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
-    std::optional<DialogScript> dialogs;
 };
 
 QTEST_MAIN(TestSpectrumExchange)

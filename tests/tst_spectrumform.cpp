@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testdocument.h"
+#include "tests/support/spectrumtest.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -16,7 +15,7 @@
 using namespace Qt::StringLiterals;
 
 /// The form of a spectrum window: its parts, their names and captions, and the way through them.
-class TestSpectrumForm : public QObject
+class TestSpectrumForm : public SpectrumTest
 {
     Q_OBJECT
 
@@ -176,10 +175,7 @@ private Q_SLOTS:
 
     void tabLeadsThroughTheForm()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const SpectrumWindow* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         TestSupport::child<QWidget>(*window, "lineEditTitle")->setFocus();
         const QStringList order{
             u"lineEditTitle"_s,        u"lineEditUploader"_s,   u"lineEditSpectDOI"_s,
@@ -201,10 +197,7 @@ private Q_SLOTS:
 
     void backtabLeadsBack()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const SpectrumWindow* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         auto* points = TestSupport::child<QWidget>(*window, "textEditSpect");
         points->setFocus();
         QTest::keyClick(points, Qt::Key_Backtab);

@@ -4,8 +4,7 @@
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testdocument.h"
+#include "tests/support/spectrumtest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,17 +14,11 @@
 #include <QTextEdit>
 
 using namespace Qt::StringLiterals;
-using TestSupport::child;
-using TestSupport::typeInto;
+using namespace TestSupport;
 
 namespace {
 
 constexpr int simulation = 4;
-
-QVariant cell(const SpectrumWindow& window, int column)
-{
-    return window.model()->data(window.model()->index(0, column));
-}
 
 void setCell(const SpectrumWindow& window, int column, const QVariant& value)
 {
@@ -99,7 +92,7 @@ void addBindingRows()
 } // namespace
 
 /// What the spectrum type decides: captions, and which columns the fields edit.
-class TestSpectrumTypes : public QObject
+class TestSpectrumTypes : public SpectrumTest
 {
     Q_OBJECT
 
@@ -175,10 +168,7 @@ private Q_SLOTS:
 
     void nothingIsLockedByTheType()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         toggle(*window);
         for (const int type : {4, 5}) {
             chooseType(*window, type);
@@ -198,10 +188,7 @@ private Q_SLOTS:
         QFETCH(int, type);
         QFETCH(QByteArray, field);
         QFETCH(int, column);
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         chooseType(*window, type);
         QStringList expected = cells(*window);
         typeInto(*child<QWidget>(*window, field.constData()), u"typed"_s);
@@ -228,20 +215,14 @@ private Q_SLOTS:
 
     void linesOfALongTextAreStored()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         typeAndLeave(*window, "textEditCitations", u"one\rtwo"_s);
         QCOMPARE(cell(*window, 4).toString(), u"one<br>two"_s);
     }
 
     void clearedFieldIsStored()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add({{u"Title"_s, u"old"_s}});
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show({{u"Title"_s, u"old"_s}});
         auto* title = child<QWidget>(*window, "lineEditTitle");
         typeInto(*title, QString());
         QTest::keyClick(title, Qt::Key_Delete);
@@ -264,10 +245,7 @@ private Q_SLOTS:
 
     void eachKindKeepsItsOwnThreeTexts()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         chooseType(*window, 2);
         typeAndLeave(*window, "lineEditSource", u"lamp"_s);
         typeAndLeave(*window, "lineEditResolution", u"12"_s);

@@ -4,10 +4,8 @@
 #include "app/mainwindow.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
-#include "tests/support/sandbox.h"
-#include "tests/support/testdocument.h"
+#include "tests/support/spectrumtest.h"
 
 #include <QCheckBox>
 #include <QDate>
@@ -19,39 +17,13 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
-#include <QtCharts/QChartView>
-#include <QtCharts/QXYSeries>
 
 using namespace Qt::StringLiterals;
-using TestSupport::child;
-using TestSupport::typeInto;
+using namespace TestSupport;
 
 namespace {
 
 using Points = QList<QPointF>;
-
-QVariant cell(const SpectrumWindow& window, int column)
-{
-    return window.model()->data(window.model()->index(0, column));
-}
-
-QPlainTextEdit* pointEditor(const SpectrumWindow& window)
-{
-    return child<QPlainTextEdit>(window, "textEditSpect");
-}
-
-Points drawn(const SpectrumWindow& window)
-{
-    const auto* view = child<QChartView>(window, "chartSpectrum");
-    return qobject_cast<QXYSeries*>(view->chart()->series().constFirst())->points();
-}
-
-/// Has the model take over the point text now, without the pause after typing.
-void setPoints(const SpectrumWindow& window, const QString& text)
-{
-    pointEditor(window)->setPlainText(text);
-    QMetaObject::invokeMethod(window.model(), "emitSpectrumDataChanged", Qt::DirectConnection);
-}
 
 void click(const SpectrumWindow& window, const char* button)
 {
@@ -68,7 +40,7 @@ void toggleLineSpectrum(const SpectrumWindow& window)
 } // namespace
 
 /// The editor of one dataset, as it is used.
-class TestSpectrumWindow : public QObject
+class TestSpectrumWindow : public SpectrumTest
 {
     Q_OBJECT
 
@@ -116,10 +88,7 @@ private Q_SLOTS:
 
     void titleFollowsEveryKey()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        auto* window = show();
         const QSignalSpy titles(window, &QWidget::windowTitleChanged);
         auto* field = child<QWidget>(*window, "lineEditTitle");
         QTest::keyClicks(field, u"C6"_s);
@@ -133,12 +102,10 @@ private Q_SLOTS:
 
     void captionInTheTabbedAreaFollowsTheTitle()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        QMdiArea area(&document);
-        auto* window = new SpectrumWindow(&document);
+        QMdiArea area(document.get());
+        auto* window = new SpectrumWindow(document.get());
         const QMdiSubWindow* subWindow = area.addSubWindow(window);
-        QVERIFY(TestSupport::showActive(document));
+        QVERIFY(showActive(*document));
         auto* field = child<QWidget>(*window, "lineEditTitle");
         QTest::keyClicks(field, u"N"_s);
         QCOMPARE(subWindow->windowTitle(), u"N"_s);
@@ -186,10 +153,7 @@ private Q_SLOTS:
 
     void linesAreCounted()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         const auto* caption = child<QLabel>(*window, "label_14");
         auto* editor = pointEditor(*window);
         QTest::keyClicks(editor, u"1"_s);
@@ -253,124 +217,106 @@ private Q_SLOTS:
 
     void sparseButtonRefusesLineSpectra()
     {
-        const Sandbox sandbox;
         const SpectrumWindow window;
         setPoints(window, u"10.000 0\n10.004 4"_s);
         toggleLineSpectrum(window);
         const QWidget* boxParent = nullptr;
-        DialogScript dialogs;
-        dialogs.expect([&boxParent](QWidget& box) {
+        dialogs->expect([&boxParent](QWidget& box) {
             boxParent = box.parentWidget();
             box.close();
         });
-        dialogs.expectBox(QMessageBox::Warning, u"Error"_s, u"Cannot resample line spectra"_s);
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s, u"Cannot resample line spectra"_s);
         click(window, "buttonSparse");
         click(window, "buttonSparse");
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
         QCOMPARE(boxParent, &window);
         QCOMPARE(pointEditor(window)->toPlainText(), u"10.000 0\n10.004 4"_s);
     }
 
     void documentLearnsOfChangedFieldsOnly()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
+        const auto* window = show();
         auto* uploader = child<QWidget>(*window, "lineEditUploader");
-        document.modifications = 0;
+        document->modifications = 0;
         typeInto(*uploader, u"me"_s);
-        QCOMPARE(document.modifications, 0);
+        QCOMPARE(document->modifications, 0);
         QTest::keyClick(uploader, Qt::Key_Tab);
-        QCOMPARE(document.modifications, 1);
+        QCOMPARE(document->modifications, 1);
         QTest::keyClick(child<QWidget>(*window, "lineEditSpectDOI"), Qt::Key_Backtab);
         QTest::keyClick(uploader, Qt::Key_Tab);
-        QCOMPARE(document.modifications, 1);
+        QCOMPARE(document->modifications, 1);
     }
 
     void documentLearnsOfEveryEditOfThePoints()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        const auto* window = document.add();
-        QVERIFY(TestSupport::showActive(document));
-        document.modifications = 0;
+        const auto* window = show();
+        document->modifications = 0;
         QTest::keyClicks(pointEditor(*window), u"1 2"_s);
-        QCOMPARE(document.modifications, 3);
+        QCOMPARE(document->modifications, 3);
     }
 
     void documentLearnsOfCommands()
     {
-        TestDocument document;
-        const auto* window = document.add();
+        const auto* window = document->add();
         setPoints(*window, u"10 0\n10.01 4"_s);
         for (const char* button : {"buttonNormalize", "buttonSparse", "buttonCommaToDot"}) {
-            document.modifications = 0;
+            document->modifications = 0;
             click(*window, button);
-            QVERIFY2(document.modifications > 0, button);
+            QVERIFY2(document->modifications > 0, button);
         }
-        document.modifications = 0;
+        document->modifications = 0;
         toggleLineSpectrum(*window);
-        QCOMPARE(document.modifications, 1);
+        QCOMPARE(document->modifications, 1);
     }
 
     void documentLearnsOfChangesWhereverTheWindowIsShown()
     {
-        TestDocument document;
         QMdiArea elsewhere;
-        auto* window = new SpectrumWindow(&document);
+        auto* window = new SpectrumWindow(document.get());
         elsewhere.addSubWindow(window);
-        document.modifications = 0;
+        document->modifications = 0;
         window->model()->setData(window->model()->index(0, 0), u"title"_s);
-        QCOMPARE(document.modifications, 1);
+        QCOMPARE(document->modifications, 1);
     }
 
     void documentLearnsOfADatasetWithPoints()
     {
-        TestDocument document;
-        document.add();
-        const int ofAnEmptyOne = document.modifications;
-        document.modifications = 0;
-        document.add({{u"E"_s, QJsonArray{1}}, {u"I"_s, QJsonArray{2}}});
-        QVERIFY(document.modifications > ofAnEmptyOne);
+        document->add();
+        const int ofAnEmptyOne = document->modifications;
+        document->modifications = 0;
+        document->add({{u"E"_s, QJsonArray{1}}, {u"I"_s, QJsonArray{2}}});
+        QVERIFY(document->modifications > ofAnEmptyOne);
     }
 
     void documentLearnsOfClosing()
     {
-        const Sandbox sandbox;
-        TestDocument document;
-        QMdiArea area(&document);
-        QMdiSubWindow* subWindow = area.addSubWindow(new SpectrumWindow(&document));
+        QMdiArea area(document.get());
+        QMdiSubWindow* subWindow = area.addSubWindow(new SpectrumWindow(document.get()));
         subWindow->setAttribute(Qt::WA_DeleteOnClose);
-        QVERIFY(TestSupport::showActive(document));
-        document.modifications = 0;
+        QVERIFY(showActive(*document));
+        document->modifications = 0;
         const QSignalSpy gone(subWindow, &QObject::destroyed);
         subWindow->close();
-        QVERIFY(document.modifications > 0);
+        QVERIFY(document->modifications > 0);
         QTRY_COMPARE(gone.count(), 1);
     }
 
     void mainWindowMayGoWhileAFieldIsBeingEdited()
     {
-        const Sandbox sandbox;
-        auto document = std::make_unique<MainWindow>();
-        document->createNewSpectrumWindow();
-        QVERIFY(TestSupport::showActive(*document));
-        const auto* window = TestSupport::spectra(*document).constFirst();
+        auto mainWindow = std::make_unique<MainWindow>();
+        mainWindow->createNewSpectrumWindow();
+        QVERIFY(showActive(*mainWindow));
+        const auto* window = spectra(*mainWindow).constFirst();
         auto* uploader = child<QWidget>(*window, "lineEditUploader");
         typeInto(*uploader, u"me"_s);
         QVERIFY(uploader->hasFocus());
         const QSignalSpy gone(window, &QObject::destroyed);
-        document.reset();
+        mainWindow.reset();
         QCOMPARE(gone.count(), 1);
     }
 
     void documentMayGoWhileAFieldIsBeingEdited()
     {
-        const Sandbox sandbox;
-        auto document = std::make_unique<TestDocument>();
-        const auto* window = document->add();
-        QVERIFY(TestSupport::showActive(*document));
+        const auto* window = show();
         typeInto(*child<QWidget>(*window, "lineEditUploader"), u"me"_s);
         const QSignalSpy stored(window->model(), &SpectrumModel::dataChanged);
         const QSignalSpy gone(window, &QObject::destroyed);
@@ -388,10 +334,9 @@ private Q_SLOTS:
     void windowWorksWithoutADocument()
     {
         QFETCH(bool, hasParent);
-        const Sandbox sandbox;
         QWidget parent;
         auto window = std::make_unique<SpectrumWindow>(hasParent ? &parent : nullptr);
-        QVERIFY(TestSupport::showActive(hasParent ? parent : *window));
+        QVERIFY(showActive(hasParent ? parent : *window));
         auto* uploader = child<QWidget>(*window, "lineEditUploader");
         typeInto(*uploader, u"me"_s);
         QTest::keyClick(uploader, Qt::Key_Tab);

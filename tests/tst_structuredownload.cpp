@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "species/speciesmodel.h"
-#include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/picturehost.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 
 #include <QBuffer>
 #include <QLabel>
@@ -46,7 +44,7 @@ QByteArray png(const QImage& picture)
 } // namespace
 
 /// Fetching the structure image for a CAS number, over real HTTPS to a host on this computer.
-class TestStructureDownload : public QObject
+class TestStructureDownload : public WindowTest
 {
     Q_OBJECT
 
@@ -56,27 +54,19 @@ private Q_SLOTS:
         QVERIFY2(QSslSocket::supportsSsl(), "pictures are fetched over TLS, which is missing");
     }
 
-    void init()
+    void init() override
     {
-        sandbox = std::make_unique<Sandbox>();
+        WindowTest::init();
         host = std::make_unique<PictureHost>();
         trust = std::make_unique<TrustInPictureHost>();
-        dialogs = std::make_unique<DialogScript>();
-        window = std::make_unique<MainWindow>();
         window->findChild<QNetworkAccessManager*>()->setProxy(host->proxy());
-        QVERIFY(TestSupport::showActive(*window));
     }
 
-    void cleanup()
+    void cleanup() override
     {
-        const bool passed = dialogs->passed();
-        const QByteArray report = dialogs->report();
-        window.reset();
-        dialogs.reset();
+        WindowTest::cleanup();
         trust.reset();
         host.reset();
-        sandbox.reset();
-        QVERIFY2(passed, report.constData());
     }
 
     void pictureOfTheSubstanceIsFetchedAndShown()
@@ -407,11 +397,8 @@ private:
         QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
     }
 
-    std::unique_ptr<Sandbox> sandbox;
     std::unique_ptr<PictureHost> host;
     std::unique_ptr<TrustInPictureHost> trust;
-    std::unique_ptr<DialogScript> dialogs;
-    std::unique_ptr<MainWindow> window;
     std::unique_ptr<QSignalSpy> finished;
 };
 

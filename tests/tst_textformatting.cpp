@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/mainwindow.h"
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/dialogscript.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/windowtest.h"
 #include "widgets/singlelinetextedit.h"
 
 #include <QAction>
@@ -14,19 +12,15 @@
 #include <QToolBar>
 #include <QtCharts/QChartView>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 
 using TestSupport::child;
 
 /// Raising and lowering the selected text of the field that has the focus.
-class TestTextFormatting : public QObject
+class TestTextFormatting : public WindowTest
 {
     Q_OBJECT
 
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<MainWindow> window;
     CleanTextEdit* formula = nullptr;
 
     /// Puts the focus into the field, gives it this content and selects from @p anchor to
@@ -52,31 +46,23 @@ class TestTextFormatting : public QObject
         QTest::mouseClick(button, Qt::LeftButton);
     }
 
-    static void expectNoField(DialogScript& dialogs)
+    void expectNoField() const
     {
-        dialogs.expectBox(QMessageBox::Warning, u"No Text Field Focused"_s,
-                          u"Please focus on a text field to apply formatting."_s);
+        dialogs->expectBox(QMessageBox::Warning, u"No Text Field Focused"_s,
+                           u"Please focus on a text field to apply formatting."_s);
     }
 
-    static void expectNoSelection(DialogScript& dialogs)
+    void expectNoSelection() const
     {
-        dialogs.expectBox(QMessageBox::Information, u"No Selection"_s,
-                          u"Please select text to format."_s);
+        dialogs->expectBox(QMessageBox::Information, u"No Selection"_s,
+                           u"Please select text to format."_s);
     }
 
 private Q_SLOTS:
-    void init()
+    void init() override
     {
-        sandbox = std::make_unique<Sandbox>();
-        window = std::make_unique<MainWindow>();
-        QVERIFY(TestSupport::showActive(*window));
+        WindowTest::init();
         formula = child<CleanTextEdit>(*window, "lineEditSumFormula");
-    }
-
-    void cleanup()
-    {
-        window.reset();
-        sandbox.reset();
     }
 
     void shortcutLowersTheSelectionAndBack()
@@ -248,17 +234,16 @@ private Q_SLOTS:
     {
         QFETCH(const bool, byShortcut);
         QVERIFY(select(*formula, "H<sub>2</sub>O", 2, 2));
-        DialogScript dialogs;
-        expectNoSelection(dialogs);
+        expectNoSelection();
         byShortcut ? lower() : clickTool("actionSubscript");
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
 
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
         formula->setFocus();
-        expectNoSelection(dialogs);
+        expectNoSelection();
         byShortcut ? raise() : clickTool("actionSuperscript");
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
         QCOMPARE(formula->cleanedHtml(), u"H<sub>2</sub>O"_s);
     }
 
@@ -284,16 +269,15 @@ private Q_SLOTS:
         widget->setFocus();
         QVERIFY(widget->hasFocus());
 
-        DialogScript dialogs;
-        expectNoField(dialogs);
+        expectNoField();
         lower();
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
         widget->setFocus();
-        expectNoField(dialogs);
+        expectNoField();
         raise();
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
         QCOMPARE(formula->cleanedHtml(), u"H2O"_s);
         QCOMPARE(points->toPlainText(), u"1 2"_s);
     }
@@ -303,10 +287,9 @@ private Q_SLOTS:
         if (QWidget* focused = QApplication::focusWidget())
             focused->clearFocus();
         QVERIFY(QApplication::focusWidget() == nullptr);
-        DialogScript dialogs;
-        expectNoField(dialogs);
+        expectNoField();
         window->applySuperscript();
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
     }
 
     void slotsCanBeInvokedByName()

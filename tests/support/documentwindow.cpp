@@ -5,7 +5,6 @@
 
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
-#include "tests/support/sandbox.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "species/speciesmodel.h"
+#include "tests/support/child.h"
 
 #include <QJsonObject>
 #include <QStringList>

@@ -41,14 +41,4 @@ namespace TestSupport {
 /// Shows the window and makes it the active one; whether that worked.
 [[nodiscard]] bool showActive(QWidget& window);
 
-/// The only descendant of that type and name; ends the program when there is none.
-template <typename T>
-T* child(const QObject& parent, const char* name)
-{
-    auto* found = parent.findChild<T*>(QString::fromLatin1(name));
-    if (found == nullptr)
-        qFatal("no %s in the window", name);
-    return found;
-}
-
 } // namespace TestSupport

@@ -4,25 +4,17 @@
 #pragma once
 
 #include "app/mainwindow.h"
-#include "tests/support/dialogscript.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/sandboxtest.h"
 
-#include <QObject>
-
-#include <memory>
-
-/// Base of tests in which each function starts with a fresh sandbox, an empty clipboard and a new,
-/// active main window, and ends with every expected dialog answered and the cursor given back.
-class WindowTest : public QObject
+/// Base of tests in which each function starts with a new, active main window besides.
+class WindowTest : public SandboxTest
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void init();
-    void cleanup();
+protected Q_SLOTS:
+    void init() override;
+    void cleanup() override;
 
 protected:
-    std::unique_ptr<Sandbox> sandbox;
-    std::unique_ptr<DialogScript> dialogs;
     std::unique_ptr<MainWindow> window;
 };

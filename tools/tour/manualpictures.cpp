@@ -6,6 +6,7 @@
 #include "species/fileorder.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
+#include "tests/support/child.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -24,6 +25,7 @@
 #include <cmath>
 #include <numbers>
 
+using TestSupport::child;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -180,7 +182,7 @@ void ManualPictures::takeZoom()
 {
     open(u"entry3-oxygen.json"_s);
     visitor->activateSpectrum(1);
-    const auto& chart = Visitor::child<QChartView>(visitor->activeSpectrum(), "chartSpectrum");
+    const auto& chart = *child<QChartView>(visitor->activeSpectrum(), "chartSpectrum");
     const QPoint from = inPlotArea(chart, 0.17, 0.02);
     const QPoint to = inPlotArea(chart, 0.42, 0.96);
     sendMouse(chart, QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
@@ -195,12 +197,12 @@ void ManualPictures::takeTypes()
 {
     start();
     addSpectrum();
-    auto& types = Visitor::child<QComboBox>(visitor->activeSpectrum(), "comboBoxType");
+    auto* types = child<QComboBox>(visitor->activeSpectrum(), "comboBoxType");
     const QRect area =
         around({"label_2", "lineEditTitle", "textEditCitations", "textEditComments"});
-    types.setCurrentIndex(SpectrumModel::FcSimulation);
+    types->setCurrentIndex(SpectrumModel::FcSimulation);
     saveWindow(u"type-simulation"_s, area);
-    types.setCurrentIndex(0);
+    types->setCurrentIndex(0);
     saveWindow(u"type-measurement"_s, area);
 }
 
@@ -223,11 +225,11 @@ void ManualPictures::takeExchange()
     open(u"entry1-nitric-oxide.json"_s);
     visitor->trigger("actionCopy");
     open(u"entry3-oxygen.json"_s);
-    auto& menuBar = Visitor::child<QMenuBar>(visitor->window(), "menubar");
-    auto& menu = Visitor::child<QMenu>(visitor->window(), "menuSpectrum");
-    menuBar.setActiveAction(menu.menuAction());
+    auto* menuBar = child<QMenuBar>(visitor->window(), "menubar");
+    auto* menu = child<QMenu>(visitor->window(), "menuSpectrum");
+    menuBar->setActiveAction(menu->menuAction());
     saveWindow(u"spectrum-menu"_s, QRect(0, 0, 480, 200));
-    menu.close();
+    menu->close();
     visitor->trigger("actionPaste");
     QRect area = around({"mdiArea"});
     area.setBottom(around({"lineEditUploader"}).bottom());
@@ -245,11 +247,11 @@ void ManualPictures::takeDatabase()
             const QString names = u'"' + entries.join("\" \""_L1) + u'"';
             Visitor::chooseFiles(fileDialog, names);
         });
-        Visitor::child<QAbstractButton>(dialog, "pushButton_2").click();
+        child<QAbstractButton>(dialog, "pushButton_2")->click();
         visitor->whenOneOpens([this](QWidget& fileDialog) {
             Visitor::chooseFiles(fileDialog, outputFolder.filePath(u"database.json"_s));
         });
-        Visitor::child<QAbstractButton>(dialog, "pushButton").click();
+        child<QAbstractButton>(dialog, "pushButton")->click();
         dialog.resize(dialog.width(), dialog.height() * 2 / 3); // the list is short
         save(dialog.grab(), u"create-database"_s);
         dialog.close();
@@ -307,9 +309,9 @@ void ManualPictures::fillSpectrum()
     typeInto("lineEditTitle", u"Threshold photoelectron spectrum"_s);
     typeInto("lineEditUploader", u"A. Person"_s);
     typeInto("lineEditSpectDOI", u"10.1000/183"_s);
-    auto& types = Visitor::child<QComboBox>(visitor->activeSpectrum(), "comboBoxType");
-    types.setFocus();
-    types.setCurrentText(u"TPES"_s);
+    auto* types = child<QComboBox>(visitor->activeSpectrum(), "comboBoxType");
+    types->setFocus();
+    types->setCurrentText(u"TPES"_s);
     typeInto("textEditCitations", u"Own measurement"_s);
     typeInto("lineEditSource", u"synchrotron"_s);
     typeInto("lineEditSourceT", u"300"_s);
@@ -322,15 +324,15 @@ void ManualPictures::fillSpectrum()
 void ManualPictures::pastePoints(const QString& text)
 {
     QGuiApplication::clipboard()->setText(text);
-    auto& points = Visitor::child<QPlainTextEdit>(visitor->activeSpectrum(), "textEditSpect");
-    points.setFocus();
-    points.paste();
-    points.moveCursor(QTextCursor::Start);
+    auto* points = child<QPlainTextEdit>(visitor->activeSpectrum(), "textEditSpect");
+    points->setFocus();
+    points->paste();
+    points->moveCursor(QTextCursor::Start);
 }
 
 void ManualPictures::click(const char* button)
 {
-    Visitor::child<QAbstractButton>(visitor->activeSpectrum(), button).click();
+    child<QAbstractButton>(visitor->activeSpectrum(), button)->click();
 }
 
 void ManualPictures::waitForPoints()
@@ -355,7 +357,7 @@ QWidget& ManualPictures::widget(const char* name) const
         if (found != nullptr)
             return *found;
     }
-    return Visitor::child<QWidget>(visitor->window(), name);
+    return *child<QWidget>(visitor->window(), name);
 }
 
 QRect ManualPictures::around(std::initializer_list<const char*> names) const

@@ -6,11 +6,13 @@
 #include "species/fileorder.h"
 #include "spectrum/spectrumwindow.h"
 #include "support/jsonfile.h"
+#include "tests/support/child.h"
 
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QGuiApplication>
 
+using TestSupport::child;
 using namespace Qt::StringLiterals;
 
 Tour::Tour(const QDir& examples, const QDir& output)
@@ -57,11 +59,11 @@ bool Tour::run()
 void Tour::editFields()
 {
     const QString text = u"as for CO2"_s;
-    auto& comment = Visitor::child<QWidget>(visitor.window(), "lineEditVIEComment");
-    Visitor::typeInto(comment, text);
-    Visitor::selectCharacter(comment, static_cast<int>(text.size()) - 1);
+    auto* comment = child<QWidget>(visitor.window(), "lineEditVIEComment");
+    Visitor::typeInto(*comment, text);
+    Visitor::selectCharacter(*comment, static_cast<int>(text.size()) - 1);
     visitor.trigger("actionSubscript");
-    Visitor::typeInto(Visitor::child<QWidget>(visitor.window(), "lineEditVIE"), u"9.5"_s);
+    Visitor::typeInto(*child<QWidget>(visitor.window(), "lineEditVIE"), u"9.5"_s);
     visitor.leaveFields();
 }
 
@@ -69,7 +71,7 @@ void Tour::editPoints()
 {
     visitor.activateSpectrum(static_cast<int>(visitor.spectra().size()) - 1);
     for (const char* button : {"buttonNormalize", "buttonSparse"})
-        Visitor::child<QAbstractButton>(visitor.activeSpectrum(), button).click();
+        child<QAbstractButton>(visitor.activeSpectrum(), button)->click();
     visitor.trigger("actionCopy");
 }
 

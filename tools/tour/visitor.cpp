@@ -4,6 +4,7 @@
 #include "tools/tour/visitor.h"
 
 #include "spectrum/spectrumwindow.h"
+#include "tests/support/child.h"
 
 #include <QAction>
 #include <QApplication>
@@ -20,6 +21,7 @@
 
 namespace {
 
+using TestSupport::child;
 using namespace std::chrono_literals;
 
 } // namespace
@@ -55,7 +57,7 @@ void Visitor::saveAs(const QString& path)
 
 void Visitor::trigger(const char* action)
 {
-    child<QAction>(mainWindow, action).trigger();
+    child<QAction>(mainWindow, action)->trigger();
     mainWindow.activateWindow(); // what the window system does when a dialog has closed
     letEventsPass();
 }
@@ -81,14 +83,15 @@ void Visitor::selectCharacter(QWidget& field, int position)
 
 void Visitor::leaveFields()
 {
-    child<QWidget>(mainWindow, "buttonDownload").setFocus();
+    child<QWidget>(mainWindow, "buttonDownload")->setFocus();
     letEventsPass();
 }
 
 QList<SpectrumWindow*> Visitor::spectra() const
 {
     QList<SpectrumWindow*> found;
-    const QList<QMdiSubWindow*> subWindows = child<QMdiArea>(mainWindow, "mdiArea").subWindowList();
+    const QList<QMdiSubWindow*> subWindows =
+        child<QMdiArea>(mainWindow, "mdiArea")->subWindowList();
     for (const QMdiSubWindow* subWindow : subWindows)
         found.append(qobject_cast<SpectrumWindow*>(subWindow->widget()));
     return found;
@@ -96,20 +99,20 @@ QList<SpectrumWindow*> Visitor::spectra() const
 
 SpectrumWindow& Visitor::activeSpectrum() const
 {
-    const QMdiSubWindow* active = child<QMdiArea>(mainWindow, "mdiArea").activeSubWindow();
+    const QMdiSubWindow* active = child<QMdiArea>(mainWindow, "mdiArea")->activeSubWindow();
     return *qobject_cast<SpectrumWindow*>(active->widget());
 }
 
 void Visitor::activateSpectrum(int index)
 {
-    auto& area = child<QMdiArea>(mainWindow, "mdiArea");
-    area.setActiveSubWindow(area.subWindowList().at(index));
+    auto* area = child<QMdiArea>(mainWindow, "mdiArea");
+    area->setActiveSubWindow(area->subWindowList().at(index));
     letEventsPass();
 }
 
 void Visitor::chooseFiles(QWidget& dialog, const QString& names)
 {
-    child<QLineEdit>(dialog, "fileNameEdit").setText(names);
+    child<QLineEdit>(dialog, "fileNameEdit")->setText(names);
     QMetaObject::invokeMethod(&dialog, "accept");
 }
 

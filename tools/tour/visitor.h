@@ -21,16 +21,6 @@ public:
 
     [[nodiscard]] MainWindow& window();
 
-    /// The widget or action of the given object name inside @p parent, which must have it.
-    template <typename T>
-    [[nodiscard]] static T& child(const QObject& parent, const char* name)
-    {
-        auto* found = parent.findChild<T*>(QString::fromLatin1(name));
-        if (found == nullptr)
-            qFatal("There is no %s", name);
-        return *found;
-    }
-
     /// Opens the entry through the dialog; whether it is open then.
     [[nodiscard]] bool open(const QString& path);
     /// Saves the entry under a new name through the dialog.
