@@ -68,6 +68,33 @@ bool isGreen(const QImage& image, int x = 10, int y = 5)
     return image.pixelColor(x, y) == QColor(0, 255, 0);
 }
 
+/// References to PATH and URL in other places than an image.
+void addReferencesOutsideImages()
+{
+    QTest::newRow("style sheet instruction")
+        << drawing({}, "<?xml-stylesheet type=\"text/css\" href=\"PATH\"?>");
+    QTest::newRow("style sheet instruction with an address")
+        << drawing({}, "<?xml version=\"1.0\"?><?xml-stylesheet type=\"text/css\""
+                       " href=\"URL\"?>");
+    QTest::newRow("style sheet instruction inside")
+        << drawing("<?xml-stylesheet type=\"text/css\" href=\"PATH\"?>");
+    QTest::newRow("imported style sheet")
+        << drawing("<style>@import url(\"URL\"); @import \"PATH\";</style>");
+    QTest::newRow("linked style sheet")
+        << drawing("<link xmlns=\"http://www.w3.org/1999/xhtml\" rel=\"stylesheet\""
+                   " href=\"PATH\"/>");
+    QTest::newRow("fill") << drawing("<rect width=\"9\" height=\"9\" fill=\"url(PATH)\"/>");
+    QTest::newRow("font") << drawing(
+        "<font><font-face><font-face-src><font-face-uri xlink:href=\"PATH\"/>"
+        "</font-face-src></font-face></font><text>a</text>");
+    QTest::newRow("use") << drawing("<use xlink:href=\"PATH#a\"/>");
+    QTest::newRow("animated reference")
+        << drawing("<image width=\"20\" height=\"10\"><set attributeName=\"xlink:href\""
+                   " to=\"PATH\"/></image>");
+    QTest::newRow("text inside") << drawing(
+        "<text x=\"1\" y=\"9\"><tref xlink:href=\"PATH\"/></text>");
+}
+
 } // namespace
 
 /// Structure images out of files and downloads, which may come from anybody.
@@ -208,28 +235,7 @@ private Q_SLOTS:
         QTest::newRow("attribute by default")
             << drawing("<image width=\"20\" height=\"10\"/>",
                        "<!DOCTYPE svg [<!ATTLIST image xlink:href CDATA \"PATH\">]>");
-        QTest::newRow("style sheet instruction")
-            << drawing({}, "<?xml-stylesheet type=\"text/css\" href=\"PATH\"?>");
-        QTest::newRow("style sheet instruction with an address")
-            << drawing({}, "<?xml version=\"1.0\"?><?xml-stylesheet type=\"text/css\""
-                           " href=\"URL\"?>");
-        QTest::newRow("style sheet instruction inside")
-            << drawing("<?xml-stylesheet type=\"text/css\" href=\"PATH\"?>");
-        QTest::newRow("imported style sheet")
-            << drawing("<style>@import url(\"URL\"); @import \"PATH\";</style>");
-        QTest::newRow("linked style sheet")
-            << drawing("<link xmlns=\"http://www.w3.org/1999/xhtml\" rel=\"stylesheet\""
-                       " href=\"PATH\"/>");
-        QTest::newRow("fill") << drawing("<rect width=\"9\" height=\"9\" fill=\"url(PATH)\"/>");
-        QTest::newRow("font") << drawing(
-            "<font><font-face><font-face-src><font-face-uri xlink:href=\"PATH\"/>"
-            "</font-face-src></font-face></font><text>a</text>");
-        QTest::newRow("use") << drawing("<use xlink:href=\"PATH#a\"/>");
-        QTest::newRow("animated reference")
-            << drawing("<image width=\"20\" height=\"10\"><set attributeName=\"xlink:href\""
-                       " to=\"PATH\"/></image>");
-        QTest::newRow("text inside")
-            << drawing("<text x=\"1\" y=\"9\"><tref xlink:href=\"PATH\"/></text>");
+        addReferencesOutsideImages();
 
         const QByteArray inner = image("xlink:href=\"PATH\"");
         QTest::newRow("drawing inside") << QByteArray("NESTED") + inner;
