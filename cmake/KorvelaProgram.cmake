@@ -28,3 +28,16 @@ function(korvela_add_program name title source)
         target_link_options(${name} PRIVATE LINKER:-z,relro,-z,now)
     endif()
 endfunction()
+
+# korvela_add_console_program(<name> <source>)
+#
+# Makes a program that is installed and needs no window: no icon, no bundle, and of Qt only the libraries
+# that it uses.
+function(korvela_add_console_program name source)
+    add_executable(${name} ${source})
+    target_link_libraries(${name} PRIVATE korvela_options korvela)
+    target_compile_definitions(${name} PRIVATE KORVELA_VERSION="${PROJECT_VERSION}")
+    if(UNIX AND NOT APPLE)
+        target_link_options(${name} PRIVATE LINKER:-z,relro,-z,now LINKER:--as-needed)
+    endif()
+endfunction()
