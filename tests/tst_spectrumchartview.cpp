@@ -198,6 +198,26 @@ private Q_SLOTS:
         QCOMPARE(qRound(chart.y->max()), 150);
     }
 
+    void chartFillsItsViewAfterEveryResize()
+    {
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        for (const QSize size : {QSize(500, 350), QSize(450, 600), QSize(450, 300)}) {
+            chart.view.resize(size);
+            QTRY_COMPARE(chart.view.chart()->size(), QSizeF(size));
+        }
+    }
+
+    void chartResizedOutOfSightFillsItsViewWhenSeenAgain()
+    {
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        chart.view.hide();
+        chart.view.resize(500, 350);
+        QVERIFY(TestSupport::showActive(chart.view));
+        QTRY_COMPARE(chart.view.chart()->size(), QSizeF(500, 350));
+    }
+
     void pressBesideTheChartDoesNothing_data()
     {
         QTest::addColumn<Qt::MouseButton>("button");
