@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/picturehost.h"
+#include "tests/support/spectrumtest.h"
 #include "tests/support/traps.h"
 #include "tests/support/windowtest.h"
 
@@ -19,7 +19,6 @@
 #include <QNetworkReply>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTextEdit>
 
@@ -30,9 +29,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const char* const caffeineTarget = "/cgi/cbook.cgi?Struct=C58082&Type=Color";
-
-// Generous: a machine under load may take its time.
-constexpr int patience = 60'000;
 
 #ifdef __SANITIZE_ADDRESS__
 constexpr bool memoryCanBeMeasured = false; // freed memory is kept for a while
@@ -80,8 +76,8 @@ QByteArray png(const QImage& picture)
 
 } // namespace
 
-/// What no sensible person would ask of the editor: it does it or declines, and lives on.
-class TestAbsurdData : public WindowTest
+/// Data beyond every sensible limit: the editor takes them or declines them, and lives on.
+class TestLimits : public WindowTest
 {
     Q_OBJECT
 
@@ -113,10 +109,8 @@ private Q_SLOTS:
         QFETCH(const QString, left);
         open({u"one"_s, u"two"_s});
         const SpectrumWindow* spectrum = TestSupport::spectra(*window).constFirst();
-        auto* field = TestSupport::child<QPlainTextEdit>(*spectrum, "textEditSpect");
-        QSignalSpy announced(spectrum->model(), &SpectrumModel::spectrumDataChanged);
-        field->setPlainText(typed);
-        QVERIFY(announced.wait(patience));
+        const auto* field = TestSupport::pointEditor(*spectrum);
+        TestSupport::setPoints(*spectrum, typed);
         const QJsonObject before = savedWithoutPoints();
 
         const Deadline deadline;
@@ -130,10 +124,8 @@ private Q_SLOTS:
     {
         open({u"one"_s});
         const SpectrumWindow* spectrum = TestSupport::spectra(*window).constFirst();
-        auto* field = TestSupport::child<QPlainTextEdit>(*spectrum, "textEditSpect");
-        QSignalSpy announced(spectrum->model(), &SpectrumModel::spectrumDataChanged);
-        field->setPlainText(u"0 0\n1000.0015 1"_s);
-        QVERIFY(announced.wait(patience));
+        const auto* field = TestSupport::pointEditor(*spectrum);
+        TestSupport::setPoints(*spectrum, u"0 0\n1000.0015 1"_s);
         const Deadline deadline;
         QTest::mouseClick(TestSupport::child<QPushButton>(*spectrum, "buttonSparse"),
                           Qt::LeftButton);
@@ -219,7 +211,7 @@ private Q_SLOTS:
         dialogs->expectBox(QMessageBox::Critical, u"Image Error"_s,
                            u"Failed to load the image data."_s);
         clickDownload();
-        QTRY_VERIFY_WITH_TIMEOUT(dialogs->passed(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(dialogs->passed(), TestSupport::patience);
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json"_s);
         QCOMPARE(saved(), before);
     }
@@ -239,7 +231,7 @@ private Q_SLOTS:
         auto error = QNetworkReply::NoError;
         connect(reply, &QNetworkReply::errorOccurred, this,
                 [&error](QNetworkReply::NetworkError occurred) { error = occurred; });
-        QTRY_VERIFY_WITH_TIMEOUT(dialogs->passed(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(dialogs->passed(), TestSupport::patience);
         QCOMPARE(error, QNetworkReply::OperationCanceledError);
         constexpr qint64 limit = 32 * 1024 * 1024;
         QVERIFY(host.endlessBytesSent() > limit);
@@ -293,5 +285,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestAbsurdData)
-#include "tst_absurddata.moc"
+QTEST_MAIN(TestLimits)
+#include "tst_limits.moc"
