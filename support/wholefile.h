@@ -3,24 +3,32 @@
 
 #pragma once
 
+#include "support/filesave.h"
+
 #include <QByteArray>
-#include <QSaveFile>
 #include <QString>
 
+#include <memory>
+
 /// A file that is written in pieces and becomes real as a whole: an existing one stays as it was
-/// until commit(), and for good when there is none. It keeps its permissions, and a symbolic link
-/// stays one.
+/// until commit(), and for good when there is none. But for its content it stays the same file:
 ///
-/// Where no new file can be made beside the target (a writable file in a read-only folder, a
-/// device), the pieces are kept in memory and the target is written in place by commit().
+/// 1. It is *replaced* by a new one, written beside it, flushed and renamed, when owner, group,
+///    mode, access list and attributes can be given to the new one and it has no second name; and
+///    when there is none yet.
+/// 2. It is *rewritten in place* otherwise, or when renaming is refused (a mount point, the file of
+///    somebody else). Where the folder takes another file, a complete copy of the new content,
+///    "<name>.whole-" and six characters, stands beside it meanwhile. Old bytes are put back when
+///    the new ones cannot be stored.
+/// 3. It stays as it is when storage is short, and is never rewritten for that reason.
+///
+/// A symbolic link stays one; what it leads to is written. Pipes, sockets and devices are not
+/// opened, but for those that only swallow (/dev/null). Nothing else is left in the folder, except
+/// by a program that is killed.
 class WholeFile
 {
 public:
-    enum class Result {
-        Written,
-        NotOpened, ///< The file could not be opened for writing.
-        NotWritten ///< Opened, but not all bytes could be stored.
-    };
+    using Result = SaveResult;
 
     explicit WholeFile(const QString& path);
 
@@ -28,10 +36,5 @@ public:
     [[nodiscard]] Result commit();
 
 private:
-    [[nodiscard]] Result writeInPlace() const;
-
-    QSaveFile file;
-    QByteArray kept; ///< What is to be written in place.
-    bool inPlace = false;
-    bool complete = true; ///< Every byte so far was taken.
+    std::unique_ptr<FileSave> save;
 };
