@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "app/applicationicon.h"
-#include "app/databaseprogram.h"
+#include "app/databasecommand.h"
 
 #include <QApplication>
 

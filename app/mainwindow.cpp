@@ -3,11 +3,13 @@
 
 #include "app/mainwindow.h"
 
-#include "app/windowpriority.h"
 #include "species/speciesmodel.h"
-#include "support/plainmessageboxes.h"
+#include "spectrum/spectrumarea.h"
+#include "support/messages.h"
 #include "ui_mainwindow.h"
 #include "widgets/darktext.h"
+#include "widgets/entrydrops.h"
+#include "widgets/windowshortcuts.h"
 
 #include <QDataWidgetMapper>
 #include <QNetworkAccessManager>
@@ -27,14 +29,16 @@ MainWindow::MainWindow(QWidget* parent)
     qRegisterMetaType<QNetworkReply*>();
     ui->setupUi(this);
     setCentralWidget(ui->centralwidget);
+    spectra = std::make_unique<SpectrumArea>(*ui->mdiArea);
     fitForm();
 
     connectSignals();
     connectActions();
     setupMapper();
     setAcceptDrops(true);
-    new WindowPriority(this);
-    new PlainMessageBoxes(this);
+    new EntryDrops(this);
+    new WindowShortcuts(this);
+    Messages::keepAllPlain(this);
 }
 
 MainWindow::~MainWindow()

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "spectrum/modifiabledocument.h"
-#include "support/jsonfile.h"
 
 #include <QMainWindow>
 #include <QStringList>
@@ -14,10 +13,11 @@
 
 class CreateDatabase;
 class QDataWidgetMapper;
-class QDir;
+class QJsonObject;
 class QNetworkAccessManager;
 class QNetworkReply;
 class SpeciesModel;
+class SpectrumArea;
 class SpectrumWindow;
 
 namespace Ui {
@@ -28,8 +28,9 @@ class MainWindow;
 /// keeps the species document (record, spectra, file name, modified flag) and asks before changes
 /// are lost.
 ///
-/// The implementation is told in chapters: construction (mainwindow.cpp) and one file for each of
-/// document life, folder stepping, spectrum windows, structure image, text formatting and database.
+/// It asks and shows; the work is done by objects that know no window. The implementation is told
+/// in chapters: construction (mainwindow.cpp) and one file for each of document life, folder
+/// stepping, spectrum windows, structure download, structure picture, text formatting and database.
 class MainWindow : public QMainWindow, public ModifiableDocument
 {
     Q_OBJECT
@@ -43,8 +44,11 @@ public:
     /// Returns whether the file was loaded; what went wrong has been shown by then.
     bool loadSpecies(const QString& path);
 
-    /// Whether the last createSpeciesDatabase() ended with its message of success.
-    [[nodiscard]] bool isDatabaseCreated() const;
+    /// Compiles the species files into a database, dated today. Returns whether the database file
+    /// could be opened for writing; a species file that cannot be used has been shown by then.
+    static bool writeDatabase(QWidget* messageParent, const QStringList& speciesFiles,
+                              const QString& databaseFile, const QString& version,
+                              const QString& release, const QString& title, bool compact);
 
 public Q_SLOTS:
     // The order is part of the meta-object interface.
@@ -57,7 +61,8 @@ public Q_SLOTS:
     void createNewSpectrumWindow();
     void cleanUp();
     void deleteCurrentSpectrum();
-    /// Deliberately wired to no action: reachable only by invoking it by name.
+    /// Deliberately wired to no action: the editor is for entries, and those who keep the database
+    /// have a program of their own. Invoked by name only.
     void createSpeciesDatabase();
     void selectSpeciesFolder();
     void loadPreviousSpeciesFile();
@@ -83,27 +88,25 @@ private:
     void openSpecies();
     void saveSpecies();
     void saveSpeciesAs();
-    /// Adds the content of the file to the cleaned document; false after a message when it cannot.
-    bool loadSpeciesFile(const QString& path);
+    /// Empties the document, whether modified or not.
+    void clear();
     /// Drops the document, whether modified or not, and shows the species file.
-    void replaceDocument(const QString& path, const QJsonObject& file);
-    void showSpecies(const QJsonObject& file);
+    void replaceDocument(const QString& path, const QJsonObject& content);
+    /// Reads the file into the cleared document; false after a message when it cannot.
+    bool loadSpeciesFile(const QString& path);
+    void showSpecies(const QJsonObject& content);
     /// Writes the document to the current file.
     void saveSpeciesFile();
-    [[nodiscard]] JsonFile::WriteResult writeSpeciesFile() const;
     [[nodiscard]] static QString jsonFileFilter();
 
     // Folder stepping
-    enum class Direction { Previous = -1, First = 0, Next = 1 };
-    bool step(const QString& path, Direction direction);
-    bool stepTo(const QString& path, const QJsonObject& file);
-    bool loadFirstSpeciesFile(const QDir& folder, const QStringList& fileNames);
-    bool loadNeighbour(const QDir& folder, const QStringList& fileNames, const QString& current,
-                       Direction direction);
+    /// Loads the first species file of the folder (@p direction 0), or the one before (-1) or
+    /// behind (1) the file @p path. Returns whether a file was loaded.
+    bool step(const QString& path, int direction);
+    void showNoSpeciesFileFound(int direction);
 
     // Spectrum windows
     void addSpectrumWindow(SpectrumWindow* window);
-    [[nodiscard]] SpectrumWindow* activeSpectrum() const;
     void copySpectrum();
     void pasteSpectrum();
     void openSpectrum();
@@ -111,24 +114,18 @@ private:
 
     // Structure image
     void showWhetherDownloading();
-    void setStructureImage(const QVariant& image);
     void showImage();
     void showImageMenu(const QPoint& position);
     void clearImage();
     void pasteImageFromClipboard();
 
-    // Database
-    static bool writeDatabase(QWidget* messageParent, const QStringList& speciesFiles,
-                              const QString& databaseFile, const QString& version,
-                              const QString& release, const QString& title, bool compact);
-
     std::unique_ptr<Ui::MainWindow> ui;
     QNetworkAccessManager* networkManager;
     SpeciesModel* speciesModel;
     QDataWidgetMapper* mapper;
+    std::unique_ptr<SpectrumArea> spectra;
     CreateDatabase* createDatabase = nullptr;
-    bool databaseCreated = false;
     QString currentFile; ///< Full path; empty while the document is untitled.
     bool isModified = false;
-    QStringList recentList; ///< Part of the window's state by design; nothing reads it yet.
+    QStringList recentList; ///< Kept for the members' sake alone: the list of files is not offered.
 };

@@ -3,28 +3,20 @@
 
 // The life of the species document: title, save question, new, open, save, drop and close.
 
-#include "app/droppedfile.h"
 #include "app/mainwindow.h"
 #include "species/speciesfile.h"
 #include "species/speciesmodel.h"
-#include "spectrum/spectrummodel.h"
-#include "spectrum/spectrumwindow.h"
+#include "spectrum/spectrumarea.h"
+#include "support/droppedfile.h"
 #include "support/jsonfile.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
-#include "ui_mainwindow.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDataWidgetMapper>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMdiSubWindow>
-#include <QMessageBox>
-
-#include <optional>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -67,12 +59,10 @@ bool MainWindow::askToSave()
     if (!isModified)
         return true;
 
-    QMessageBox box;
-    box.setText(tr("The species has been modified."));
-    box.setInformativeText(tr("Do you want to save your changes?"));
-    box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-    box.setDefaultButton(QMessageBox::Save);
-    const int answer = box.exec();
+    const SuspendedWaitCursor suspended;
+    const auto answer = Messages::question(
+        tr("The species has been modified."), tr("Do you want to save your changes?"),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     // Saving goes on even when the save-as dialog was cancelled or the write failed: on purpose.
     if (answer == QMessageBox::Save)
         saveSpecies();
@@ -81,16 +71,18 @@ bool MainWindow::askToSave()
 
 void MainWindow::cleanUp()
 {
-    if (!askToSave())
-        return;
-
     const WaitCursor waiting;
-    ui->mdiArea->closeAllSubWindows();
+    if (askToSave())
+        clear();
+}
+
+void MainWindow::clear()
+{
+    spectra->closeAll();
     currentFile.clear();
     for (int column = 0; column < SpeciesModel::ColumnCount; ++column)
-        speciesModel->setData(speciesModel->index(0, column), QVariant(), Qt::EditRole);
+        speciesModel->setValue(column, QVariant());
     mapper->toFirst();
-    currentFile.clear();
     setModified(false);
 }
 
@@ -104,28 +96,27 @@ void MainWindow::openSpecies()
 
 bool MainWindow::loadSpecies(const QString& path)
 {
+    const WaitCursor waiting;
     if (!askToSave())
         return false;
     if (!QFileInfo::exists(path)) {
         Messages::warning(this, tr("File Not Found"), tr("The file %1 does not exist.").arg(path));
         return false;
     }
-    const auto file = whileWaiting([&path] { return SpeciesFile::read(path); });
-    if (!file) {
+    const QJsonObject content = JsonFile::read(path).object;
+    if (!SpeciesFile::isSpeciesFile(content)) {
         Messages::warning(this, tr("Invalid Species File"),
                           tr("The file %1 is not a valid species file.").arg(path));
         return false;
     }
-    replaceDocument(path, *file);
+    replaceDocument(path, content);
     return true;
 }
 
-void MainWindow::replaceDocument(const QString& path, const QJsonObject& file)
+void MainWindow::replaceDocument(const QString& path, const QJsonObject& content)
 {
-    const WaitCursor waiting;
-    isModified = false;
-    cleanUp();
-    showSpecies(file);
+    clear();
+    showSpecies(content);
     currentFile = path;
     setModified(false);
     LastOpenFolder::rememberFolderOf(path);
@@ -153,12 +144,12 @@ void MainWindow::saveSpeciesAs()
 
 bool MainWindow::loadSpeciesFile(const QString& path)
 {
-    const JsonFile::ReadResult file = whileWaiting([&path] { return JsonFile::read(path); });
+    const JsonFile::ReadResult file = JsonFile::read(path);
     if (!file.opened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
         return false;
     }
-    if (!SpeciesFile::isSpecies(file.object)) {
+    if (!SpeciesFile::isSpeciesFile(file.object)) {
         Messages::critical(this, tr("Error"), tr("Species not found in JSON file. Load aborted."));
         return false;
     }
@@ -166,54 +157,22 @@ bool MainWindow::loadSpeciesFile(const QString& path)
     return true;
 }
 
-void MainWindow::showSpecies(const QJsonObject& file)
+void MainWindow::showSpecies(const QJsonObject& content)
 {
-    const WaitCursor waiting;
-    speciesModel->fromJson(SpeciesFile::species(file));
-    const QList<QJsonObject> datasets = SpeciesFile::datasets(file);
-    ui->mdiArea->setUpdatesEnabled(false);
-    for (const QJsonObject& dataset : datasets) {
-        addSpectrumWindow(new SpectrumWindow(dataset, this));
-        // The first one fills the area; all others need not do so only to be covered by the next.
-        ui->mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-    }
-    ui->mdiArea->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
-
-    const QList<QMdiSubWindow*> subWindows = ui->mdiArea->subWindowList(QMdiArea::CreationOrder);
-    if (!subWindows.isEmpty())
-        ui->mdiArea->setActiveSubWindow(subWindows.constFirst());
-    // What the windows have put off until now would each paint the first one once more.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
-    if (SpectrumWindow* spectrum = activeSpectrum())
-        spectrum->fitChart();
-    ui->mdiArea->setUpdatesEnabled(true);
-    if (SpectrumWindow* spectrum = activeSpectrum())
-        spectrum->setFocus();
+    speciesModel->fromJson(SpeciesFile::species(content));
+    spectra->show(SpeciesFile::datasets(content), this);
 }
 
 void MainWindow::saveSpeciesFile()
 {
-    std::optional<WaitCursor> waiting(std::in_place);
-    if (writeSpeciesFile() == JsonFile::WriteResult::NotOpened) {
-        waiting.reset();
+    const WaitCursor waiting;
+    const QJsonObject content = SpeciesFile::assemble(speciesModel->toJson(), spectra->records());
+    if (JsonFile::write(currentFile, content, QJsonDocument::Indented) ==
+        JsonFile::WriteResult::NotOpened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for writing."));
         return;
     }
     setModified(false);
-}
-
-JsonFile::WriteResult MainWindow::writeSpeciesFile() const
-{
-    QList<QJsonObject> datasets;
-    const QList<QMdiSubWindow*> subWindows = ui->mdiArea->subWindowList(QMdiArea::CreationOrder);
-    for (const QMdiSubWindow* subWindow : subWindows) {
-        if (const auto* spectrum = qobject_cast<SpectrumWindow*>(subWindow->widget()))
-            datasets.append(spectrum->model()->toJson());
-    }
-
-    const QJsonObject content = SpeciesFile::assemble(speciesModel->toJson(), datasets);
-    return JsonFile::write(currentFile, content, QJsonDocument::Indented);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -234,12 +193,12 @@ void MainWindow::dropEvent(QDropEvent* event)
     if (path.isEmpty())
         return;
     acceptDrop(event);
+    const WaitCursor waiting;
     if (!askToSave())
         return;
 
     // Unlike opening, a drop goes ahead without looking at the file first.
-    isModified = false;
-    cleanUp();
+    clear();
     currentFile = loadSpeciesFile(path) ? path : QString();
     setModified(false);
     LastOpenFolder::rememberFolderOf(path);

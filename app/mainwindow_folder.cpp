@@ -4,18 +4,13 @@
 // Stepping through the species files of a folder.
 
 #include "app/mainwindow.h"
-#include "species/fileorder.h"
-#include "species/speciesfile.h"
+#include "species/speciesfolder.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QJsonObject>
-
-using namespace Qt::StringLiterals;
 
 void MainWindow::selectSpeciesFolder()
 {
@@ -24,7 +19,7 @@ void MainWindow::selectSpeciesFolder()
     const QString folder = QFileDialog::getExistingDirectory(this, tr("Select Folder"), start,
                                                              QFileDialog::ShowDirsOnly);
     if (!folder.isEmpty())
-        step(folder, Direction::First);
+        step(folder, 0);
 }
 
 void MainWindow::loadPreviousSpeciesFile()
@@ -32,7 +27,7 @@ void MainWindow::loadPreviousSpeciesFile()
     if (currentFile.isEmpty())
         selectSpeciesFolder();
     else
-        step(currentFile, Direction::Previous);
+        step(currentFile, -1);
 }
 
 void MainWindow::loadNextSpeciesFile()
@@ -40,72 +35,49 @@ void MainWindow::loadNextSpeciesFile()
     if (currentFile.isEmpty())
         selectSpeciesFolder();
     else
-        step(currentFile, Direction::Next);
+        step(currentFile, 1);
 }
 
-bool MainWindow::step(const QString& path, Direction direction)
+bool MainWindow::step(const QString& path, int direction)
 {
+    const WaitCursor waiting;
     const QFileInfo start(path);
-    const QDir folder(start.isDir() ? path : start.absolutePath());
-    const QStringList fileNames = inSteppingOrder(folder.entryList({u"*.json"_s}, QDir::Files));
-    if (fileNames.isEmpty()) {
+    const SpeciesFolder folder(start.isDir() ? path : start.absolutePath());
+    if (folder.isEmpty()) {
         Messages::information(this, tr("No JSON Files"),
                               tr("No JSON files found in the directory."));
         return false;
     }
-
-    if (start.isDir()) {
-        if (direction == Direction::First)
-            return loadFirstSpeciesFile(folder, fileNames);
+    if (start.isDir() && direction != 0) {
         Messages::information(this, tr("No Current File"),
                               tr("No current file loaded to step from."));
         return false;
     }
-
-    if (!fileNames.contains(start.fileName())) {
+    if (!start.isDir() && !folder.contains(start.fileName())) {
         Messages::warning(this, tr("Error"), tr("Current file is not in the directory."));
         return false;
     }
-    return direction == Direction::First
-               ? loadFirstSpeciesFile(folder, fileNames)
-               : loadNeighbour(folder, fileNames, start.fileName(), direction);
-}
 
-bool MainWindow::stepTo(const QString& path, const QJsonObject& file)
-{
+    const auto found =
+        direction == 0 ? folder.first() : folder.neighbour(start.fileName(), direction);
+    if (!found) {
+        showNoSpeciesFileFound(direction);
+        return false;
+    }
     // A save question comes in between and may change the very file, which is then read again.
     if (isModified)
-        return loadSpecies(path);
-    replaceDocument(path, file);
+        return loadSpecies(found->path);
+    replaceDocument(found->path, found->content);
     return true;
 }
 
-bool MainWindow::loadFirstSpeciesFile(const QDir& folder, const QStringList& fileNames)
+void MainWindow::showNoSpeciesFileFound(int direction)
 {
-    for (const QString& fileName : fileNames) {
-        const QString path = folder.absoluteFilePath(fileName);
-        if (const auto file = whileWaiting([&path] { return SpeciesFile::read(path); }))
-            return stepTo(path, *file);
+    if (direction == 0) {
+        Messages::information(this, tr("No Species Files"),
+                              tr("No species JSON files found in the directory."));
+    } else {
+        Messages::information(this, tr("No Other Species Files"),
+                              tr("No other species JSON files found in the directory."));
     }
-    Messages::information(this, tr("No Species Files"),
-                          tr("No species JSON files found in the directory."));
-    return false;
-}
-
-bool MainWindow::loadNeighbour(const QDir& folder, const QStringList& fileNames,
-                               const QString& current, Direction direction)
-{
-    const qsizetype count = fileNames.size();
-    const qsizetype start = fileNames.indexOf(current);
-    const auto neighbour = [count, direction](qsizetype index) {
-        return (index + static_cast<int>(direction) + count) % count;
-    };
-    for (qsizetype index = neighbour(start); index != start; index = neighbour(index)) {
-        const QString path = folder.absoluteFilePath(fileNames.at(index));
-        if (const auto file = whileWaiting([&path] { return SpeciesFile::read(path); }))
-            return stepTo(path, *file);
-    }
-    Messages::information(this, tr("No Other Species Files"),
-                          tr("No other species JSON files found in the directory."));
-    return false;
 }

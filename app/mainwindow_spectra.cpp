@@ -4,6 +4,7 @@
 // Spectrum windows, spectrum files and the exchange of spectra through the clipboard.
 
 #include "app/mainwindow.h"
+#include "spectrum/spectrumarea.h"
 #include "spectrum/spectrumcontainer.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
@@ -11,23 +12,17 @@
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
-#include "ui_mainwindow.h"
 
 #include <QClipboard>
 #include <QFileDialog>
 #include <QJsonDocument>
-#include <QMdiSubWindow>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
 
 void MainWindow::addSpectrumWindow(SpectrumWindow* window)
 {
-    QMdiSubWindow* subWindow = ui->mdiArea->addSubWindow(window);
-    subWindow->setAttribute(Qt::WA_DeleteOnClose);
-    // As a stop of the Tab key it would catch every Shift+Tab of the form.
-    subWindow->setFocusPolicy(Qt::ClickFocus);
-    window->show();
+    spectra->add(window);
     setModified(true);
 }
 
@@ -38,22 +33,13 @@ void MainWindow::createNewSpectrumWindow()
 
 void MainWindow::deleteCurrentSpectrum()
 {
-    QMdiSubWindow* active = ui->mdiArea->activeSubWindow();
-    if (active == nullptr)
-        return;
-    active->close();
-    setModified(true);
-}
-
-SpectrumWindow* MainWindow::activeSpectrum() const
-{
-    const QMdiSubWindow* active = ui->mdiArea->activeSubWindow();
-    return active == nullptr ? nullptr : qobject_cast<SpectrumWindow*>(active->widget());
+    if (spectra->closeActive())
+        setModified(true);
 }
 
 void MainWindow::copySpectrum()
 {
-    const SpectrumWindow* spectrum = activeSpectrum();
+    const SpectrumWindow* spectrum = spectra->active();
     if (spectrum == nullptr) {
         Messages::warning(this, tr("Error"), tr("No spectrum window is selected."));
         return;
@@ -66,8 +52,9 @@ void MainWindow::copySpectrum()
 
 void MainWindow::pasteSpectrum()
 {
+    const WaitCursor waiting;
     const QByteArray text = QGuiApplication::clipboard()->text().toUtf8();
-    const auto document = whileWaiting([&text] { return QJsonDocument::fromJson(text); });
+    const QJsonDocument document = QJsonDocument::fromJson(text);
     if (!document.isObject()) {
         Messages::warning(this, tr("Error"), tr("Clipboard does not contain a valid spectrum."));
         return;
@@ -76,7 +63,6 @@ void MainWindow::pasteSpectrum()
         Messages::critical(this, tr("Error"), tr("Format error, cannot paste."));
         return;
     }
-    const WaitCursor waiting;
     addSpectrumWindow(new SpectrumWindow(document.object(), this));
 }
 
@@ -85,7 +71,8 @@ void MainWindow::openSpectrum()
     // A cancelled dialog answers with an empty path, which goes on to the message on purpose.
     const QString path = QFileDialog::getOpenFileName(this, tr("Open Spectrum JSON File"),
                                                       LastOpenFolder::path(), jsonFileFilter());
-    const JsonFile::ReadResult file = whileWaiting([&path] { return JsonFile::read(path); });
+    const WaitCursor waiting;
+    const JsonFile::ReadResult file = JsonFile::read(path);
     if (!file.opened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
         return;
@@ -94,14 +81,13 @@ void MainWindow::openSpectrum()
         Messages::critical(this, tr("Error"), tr("Spectrum not found in JSON file. Load aborted."));
         return;
     }
-    const WaitCursor waiting;
     addSpectrumWindow(new SpectrumWindow(file.object, this));
     LastOpenFolder::rememberFolderOf(path);
 }
 
 void MainWindow::saveSpectrum()
 {
-    const QPointer<SpectrumWindow> spectrum = activeSpectrum();
+    const QPointer<SpectrumWindow> spectrum = spectra->active();
     if (spectrum.isNull()) {
         Messages::warning(this, tr("Error"), tr("No active spectrum window to save."));
         return;
@@ -110,11 +96,10 @@ void MainWindow::saveSpectrum()
                                                       LastOpenFolder::path(), jsonFileFilter());
     if (path.isEmpty() || spectrum.isNull())
         return;
-    const auto written = whileWaiting([&spectrum, &path] {
-        return JsonFile::write(path, SpectrumContainer::wrap(spectrum->model()->toJson()),
-                               QJsonDocument::Indented);
-    });
-    if (written == JsonFile::WriteResult::NotOpened) {
+    const WaitCursor waiting;
+    const QJsonObject content = SpectrumContainer::wrap(spectrum->model()->toJson());
+    if (JsonFile::write(path, content, QJsonDocument::Indented) ==
+        JsonFile::WriteResult::NotOpened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for writing"));
         return;
     }

@@ -5,7 +5,7 @@
 
 #include "entries/jsonpointer.h"
 #include "entries/memberforms.h"
-#include "widgets/cleanedhtml.h"
+#include "support/cleanedhtml.h"
 
 #include <QTextDocument>
 

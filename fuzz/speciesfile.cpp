@@ -7,8 +7,8 @@
 
 #include "app/mainwindow.h"
 #include "fuzz/fuzztarget.h"
+#include "support/cleanedhtml.h"
 #include "support/jsonfile.h"
-#include "widgets/cleanedhtml.h"
 
 #include <QAction>
 #include <QApplication>
@@ -61,7 +61,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QString path = folder.filePath(u"entry.json"_s);
     writeFile(path, Fuzz::bytes(data, size));
     constexpr int mostDatasets = 20;
-    if (!SpeciesFile::read(path) ||
+    if (!SpeciesFile::isSpeciesFile(path) ||
         SpeciesFile::datasets(JsonFile::read(path).object).size() > mostDatasets)
         return 0;
 

@@ -6,7 +6,7 @@
 #include "fuzz/fuzztarget.h"
 #include "spectrum/spectrumcontainer.h"
 #include "spectrum/spectrummodel.h"
-#include "widgets/cleanedhtml.h"
+#include "support/cleanedhtml.h"
 
 #include <QJsonDocument>
 

@@ -23,3 +23,13 @@ bool MyStandardItemModel::setData(const QModelIndex& index, const QVariant& valu
 
     return QStandardItemModel::setData(index, value, role);
 }
+
+QVariant MyStandardItemModel::value(int column) const
+{
+    return data(index(0, column), Qt::DisplayRole);
+}
+
+void MyStandardItemModel::setValue(int column, const QVariant& value)
+{
+    setData(index(0, column), value, Qt::EditRole);
+}

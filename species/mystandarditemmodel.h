@@ -15,4 +15,10 @@ public:
     /// Writes @p value unless the cell holds an equal one already, or the value is an empty string
     /// and the cell is empty or missing. Returns whether the cell was written.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+    /// What the cell of the one row holds; an empty variant while it was never written.
+    [[nodiscard]] QVariant value(int column) const;
+
+    /// Writes the cell of the one row by setData(), with what that refuses.
+    void setValue(int column, const QVariant& value);
 };

@@ -19,17 +19,14 @@ constexpr QLatin1StringView speciesKey("Species");
 
 namespace SpeciesFile {
 
-bool isSpecies(const QJsonObject& file)
+bool isSpeciesFile(const QJsonObject& content)
 {
-    return JsonFile::isOfType(file, speciesType);
+    return JsonFile::isOfType(content, speciesType);
 }
 
-std::optional<QJsonObject> read(const QString& path)
+bool isSpeciesFile(const QString& path)
 {
-    const JsonFile::ReadResult file = JsonFile::read(path);
-    if (!file.parsed || !isSpecies(file.object))
-        return {};
-    return file.object;
+    return isSpeciesFile(JsonFile::read(path).object);
 }
 
 QJsonObject species(const QJsonObject& file)

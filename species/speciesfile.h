@@ -5,19 +5,18 @@
 
 #include <QJsonObject>
 #include <QList>
-
-#include <optional>
+#include <QString>
 
 /// The species file: one species with all its spectrum datasets, as a JSON object of "Type",
 /// "Species" and "Dataset1", "Dataset2", ...
 namespace SpeciesFile {
 
-/// Whether the object says of itself that it is a species file.
-[[nodiscard]] bool isSpecies(const QJsonObject& file);
+/// Whether what was read from a file is a species file: it says so itself. What is no well-formed
+/// JSON object reads as an empty one, which says nothing.
+[[nodiscard]] bool isSpeciesFile(const QJsonObject& content);
 
-/// The content of the file at @p path, if it can be read, is well-formed JSON and is a species
-/// file.
-[[nodiscard]] std::optional<QJsonObject> read(const QString& path);
+/// Whether the file at @p path can be read and is a species file.
+[[nodiscard]] bool isSpeciesFile(const QString& path);
 
 /// The species object; empty when there is none.
 [[nodiscard]] QJsonObject species(const QJsonObject& file);

@@ -4,7 +4,7 @@
 #include "species/speciesmodel.h"
 
 #include "species/structurepicture.h"
-#include "widgets/cleanedhtml.h"
+#include "support/cleanedhtml.h"
 
 #include <array>
 #include <cmath>
@@ -90,17 +90,16 @@ bool SpeciesModel::setImage(const QModelIndex& index, const QImage& newImage)
 
 QImage SpeciesModel::image() const
 {
-    return data(index(0, StructureImage), Qt::DisplayRole).value<QImage>();
+    return value(StructureImage).value<QImage>();
 }
 
 QJsonObject SpeciesModel::toJson() const
 {
     QJsonObject species;
     for (const Field& field : fields) {
-        const QVariant cell = data(index(0, field.column), Qt::DisplayRole);
-        species.insert(field.key, toJsonValue(cell, field.kind));
+        species.insert(field.key, toJsonValue(value(field.column), field.kind));
     }
-    const QVariant picture = data(index(0, StructureImage), Qt::DisplayRole);
+    const QVariant picture = value(StructureImage);
     if (picture.canConvert<QImage>())
         species.insert(imageKey, StructurePicture::toBase64Png(picture.value<QImage>()));
     return species;
@@ -108,11 +107,8 @@ QJsonObject SpeciesModel::toJson() const
 
 void SpeciesModel::fromJson(const QJsonObject& species)
 {
-    for (const Field& field : fields) {
-        setData(index(0, field.column), fromJsonValue(species.value(field.key), field.kind),
-                Qt::EditRole);
-    }
+    for (const Field& field : fields)
+        setValue(field.column, fromJsonValue(species.value(field.key), field.kind));
     const QImage image = StructurePicture::fromBase64(species.value(imageKey).toString());
-    setData(index(0, StructureImage), image.isNull() ? QVariant() : QVariant::fromValue(image),
-            Qt::EditRole);
+    setValue(StructureImage, image.isNull() ? QVariant() : QVariant::fromValue(image));
 }

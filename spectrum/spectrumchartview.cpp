@@ -29,6 +29,14 @@ SpectrumChartView::SpectrumChartView(QWidget* parent)
     hoverLabel->show();
 }
 
+void SpectrumChartView::takeChart(std::unique_ptr<QChart> newChart)
+{
+    // The view hands its old chart back to the caller.
+    const std::unique_ptr<QChart> replaced(chart());
+    newChart->hide();
+    setChart(newChart.release());
+}
+
 void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 {
     fitChart();

@@ -5,6 +5,8 @@
 
 #include <QtCharts/QChartView>
 
+#include <memory>
+
 class QLabel;
 
 /// Chart of a spectrum: shows the values under the mouse in its bottom-right corner, zooms into a
@@ -19,6 +21,10 @@ class SpectrumChartView : public QChartView
 
 public:
     explicit SpectrumChartView(QWidget* parent = nullptr);
+
+    /// Shows @p newChart in place of the chart that it has, which is deleted. What nobody sees yet
+    /// is not laid out: the chart stays hidden until the view is painted.
+    void takeChart(std::unique_ptr<QChart> newChart);
 
     /// Fits the chart to the view now. A view that is about to be seen for the first time is then
     /// painted once, and not once more for the fitting.

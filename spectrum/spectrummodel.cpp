@@ -5,9 +5,9 @@
 
 #include "spectrum/pointtext.h"
 #include "spectrum/spectrumpoints.h"
+#include "support/cleanedhtml.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
-#include "widgets/cleanedhtml.h"
 
 #include <QJsonArray>
 #include <QPlainTextEdit>
@@ -126,16 +126,6 @@ SpectrumModel::SpectrumModel(QObject* parent, QPlainTextEdit* editor)
 QList<QPointF> SpectrumModel::points() const
 {
     return PointText::parse(pointLines);
-}
-
-QVariant SpectrumModel::value(int column) const
-{
-    return data(index(0, column), Qt::DisplayRole);
-}
-
-void SpectrumModel::setValue(int column, const QVariant& newValue)
-{
-    setData(index(0, column), newValue, Qt::EditRole);
 }
 
 QJsonObject SpectrumModel::toJson() const

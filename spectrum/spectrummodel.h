@@ -75,8 +75,6 @@ private Q_SLOTS:
     void emitSpectrumDataChanged();
 
 private:
-    [[nodiscard]] QVariant value(int column) const;
-    void setValue(int column, const QVariant& newValue);
     void readPointArrays(const QJsonObject& record);
     void replacePoints(const QString& lines);
     void writePointText();

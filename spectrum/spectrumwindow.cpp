@@ -4,8 +4,8 @@
 #include "spectrum/spectrumwindow.h"
 
 #include "spectrum/modifiabledocument.h"
+#include "spectrum/spectrumchart.h"
 #include "spectrum/spectrummodel.h"
-#include "spectrum/spectrumpoints.h"
 #include "support/waitcursor.h"
 #include "ui_spectrumwindow.h"
 
@@ -13,9 +13,6 @@
 #include <QDataWidgetMapper>
 #include <QDate>
 #include <QScopedValueRollback>
-#include <QtCharts/QChart>
-#include <QtCharts/QLineSeries>
-#include <QtCharts/QValueAxis>
 
 #include <utility>
 
@@ -57,8 +54,7 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     connectSignals();
     buildChart();
 
-    spectrumModel->setData(spectrumModel->index(0, SpectrumModel::CreatedDate),
-                           QDate::currentDate().toString(Qt::ISODate), Qt::EditRole);
+    spectrumModel->setValue(SpectrumModel::CreatedDate, QDate::currentDate().toString(Qt::ISODate));
     onSpectrumTypeChanged(ui->comboBoxType->currentIndex());
 }
 
@@ -66,8 +62,7 @@ SpectrumWindow::SpectrumWindow(const QJsonObject& dataset, QWidget* parent)
     : SpectrumWindow(parent)
 {
     spectrumModel->fromJson(dataset);
-    const QModelIndex type = spectrumModel->index(0, SpectrumModel::Type);
-    onSpectrumTypeChanged(spectrumModel->data(type, Qt::EditRole).toInt());
+    onSpectrumTypeChanged(spectrumModel->value(SpectrumModel::Type).toInt());
     updateChart();
 }
 
@@ -131,25 +126,7 @@ void SpectrumWindow::connectSignals()
 
 void SpectrumWindow::buildChart()
 {
-    auto* chart = new QChart;
-    chart->legend()->hide();
-    chart->hide(); // until the view is painted: what cannot be seen is not laid out
-
-    auto* series = new QLineSeries;
-    chart->addSeries(series);
-    const auto addAxis = [chart, series](const QString& title, Qt::Alignment side) {
-        auto* axis = new QValueAxis;
-        axis->setTitleText(title);
-        axis->setLabelFormat(u"%.2f"_s);
-        chart->addAxis(axis, side);
-        series->attachAxis(axis);
-    };
-    addAxis(u"h\u03bd / eV"_s, Qt::AlignBottom);
-    addAxis(u"Intensity / arb. unit"_s, Qt::AlignLeft);
-
-    // The view hands its old chart back to the caller.
-    const std::unique_ptr<QChart> replaced(ui->chartSpectrum->chart());
-    ui->chartSpectrum->setChart(chart);
+    ui->chartSpectrum->takeChart(SpectrumChart::build());
     ui->chartSpectrum->setRenderHint(QPainter::Antialiasing);
     ui->chartSpectrum->setRubberBand(QChartView::RectangleRubberBand);
 }
@@ -173,7 +150,7 @@ void SpectrumWindow::onSpectrumTypeChanged(int index)
 
     setCaptions(index);
     // The type is stored first: with the new mappings the widgets are filled from the model.
-    spectrumModel->setData(spectrumModel->index(0, SpectrumModel::Type), index, Qt::EditRole);
+    spectrumModel->setValue(SpectrumModel::Type, index);
     applyMappings(index);
     mapper->toFirst();
 }
@@ -226,38 +203,8 @@ void SpectrumWindow::updateLineCount()
 
 void SpectrumWindow::updateChart()
 {
-    QChart* chart = ui->chartSpectrum->chart();
-    auto* series = chart->series().isEmpty()
-                       ? nullptr
-                       : qobject_cast<QLineSeries*>(chart->series().constFirst());
-    if (series == nullptr)
-        return;
-
-    // A zoom remembers the ranges from before it; left alone, it would bring them back over new
-    // data.
-    if (chart->isZoomed())
-        chart->zoomReset();
-
-    const QList<QPointF> points = spectrumModel->points();
-    const auto firstValueAxis = [chart](Qt::Orientation orientation) {
-        const QList<QAbstractAxis*> axes = chart->axes(orientation);
-        return axes.isEmpty() ? nullptr : qobject_cast<QValueAxis*>(axes.constFirst());
-    };
-    QValueAxis* energyAxis = firstValueAxis(Qt::Horizontal);
-    QValueAxis* intensityAxis = firstValueAxis(Qt::Vertical);
-    const auto extent = SpectrumPoints::extent(points);
-    // Every call below that changes something draws all points anew: so the old ones go first and
-    // the new ones come last.
-    series->clear();
-    if (energyAxis != nullptr && intensityAxis != nullptr && extent) {
-        energyAxis->setRange(extent->energy.lowest, extent->energy.highest);
-        intensityAxis->setRange(extent->intensity.lowest, extent->intensity.highest);
-    }
-
-    const QModelIndex lineSpectrum = spectrumModel->index(0, SpectrumModel::LineSpectrum);
-    const bool asSticks = spectrumModel->data(lineSpectrum, Qt::DisplayRole).toBool();
-    series->replace(asSticks ? SpectrumPoints::sticks(points) : points);
-    chart->update();
+    const bool asSticks = spectrumModel->value(SpectrumModel::LineSpectrum).toBool();
+    SpectrumChart::fill(*ui->chartSpectrum->chart(), spectrumModel->points(), asSticks);
 }
 
 // By itself the Tab key would never leave the child of a multiple-document area.

@@ -24,10 +24,7 @@ ReadResult read(const QString& path)
     if (!result.opened || file.size() > mostBytes)
         return result;
 
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    result.parsed = error.error == QJsonParseError::NoError;
-    result.object = document.object();
+    result.object = QJsonDocument::fromJson(file.readAll()).object();
     return result;
 }
 

@@ -14,8 +14,7 @@ namespace JsonFile {
 struct ReadResult
 {
     bool opened = false; ///< The file could be opened for reading.
-    bool parsed = false; ///< Its bytes are one well-formed JSON document.
-    QJsonObject object;  ///< The top-level object; empty when there is none.
+    QJsonObject object;  ///< The top-level object; empty unless all is one well-formed document.
 };
 
 /// Reads the regular file at @p path whole. Never fails loudly: whatever is wrong shows in the

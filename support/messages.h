@@ -3,17 +3,31 @@
 
 #pragma once
 
+#include <QMessageBox>
 #include <QString>
 
+class QObject;
 class QWidget;
 
-/// Modal message boxes with the single button OK. The text is always shown as plain text: it may
-/// quote a file name, and a file name that looks like markup must not make the box load what it
-/// names.
+/// Modal message boxes. Their text is always shown as plain text: it may quote a file name, and a
+/// file name that looks like markup must not make the box load what it names. No wait cursor is
+/// shown while one is open.
 namespace Messages {
 
+/// Boxes with the single button OK.
 void information(QWidget* parent, const QString& title, const QString& text);
 void warning(QWidget* parent, const QString& title, const QString& text);
 void critical(QWidget* parent, const QString& title, const QString& text);
+
+/// A box without a parent that asks; returns the button that was chosen, Cancel when it was closed
+/// otherwise.
+[[nodiscard]] QMessageBox::StandardButton question(const QString& text,
+                                                   const QString& informativeText,
+                                                   QMessageBox::StandardButtons buttons,
+                                                   QMessageBox::StandardButton defaultButton);
+
+/// Makes the boxes plain that the toolkit opens itself, too, as long as @p owner lives: its file
+/// dialog asks with the name of a file whether to replace it.
+void keepAllPlain(QObject* owner);
 
 } // namespace Messages

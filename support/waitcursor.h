@@ -5,9 +5,9 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QList>
 
-/// Shows the wait cursor as long as it lives. End it before a message box or dialog opens: the
-/// person would be asked to wait for their own answer.
+/// Shows the wait cursor as long as it lives: one for each command that can take long.
 class WaitCursor
 {
 public:
@@ -16,10 +16,25 @@ public:
     Q_DISABLE_COPY_MOVE(WaitCursor)
 };
 
-/// What @p work returns; the wait cursor is shown meanwhile.
-template <typename Work>
-auto whileWaiting(const Work& work)
+/// Takes every wait cursor away as long as it lives. For what asks in the middle of a command:
+/// nobody is to be told to wait for their own answer.
+class SuspendedWaitCursor
 {
-    const WaitCursor waiting;
-    return work();
-}
+public:
+    SuspendedWaitCursor()
+    {
+        while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
+            suspended.prepend(*cursor);
+            QGuiApplication::restoreOverrideCursor();
+        }
+    }
+    ~SuspendedWaitCursor()
+    {
+        for (const QCursor& cursor : suspended)
+            QGuiApplication::setOverrideCursor(cursor);
+    }
+    Q_DISABLE_COPY_MOVE(SuspendedWaitCursor)
+
+private:
+    QList<QCursor> suspended;
+};

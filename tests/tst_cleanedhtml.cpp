@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "support/cleanedhtml.h"
 #include "tests/support/traps.h"
-#include "widgets/cleanedhtml.h"
 
 #include <QTest>
 #include <QTextCursor>

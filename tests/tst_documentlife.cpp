@@ -147,7 +147,7 @@ private Q_SLOTS:
         QCOMPARE(child<QTextEdit>(*window, "lineEditSpecies")->toPlainText(), QString());
         const auto* model = window->findChild<SpeciesModel*>();
         for (int column = 0; column < SpeciesModel::StructureImage; ++column)
-            QVERIFY(model->data(model->index(0, column)).isNull());
+            QVERIFY(model->value(column).isNull());
         QVERIFY(model->image().isNull());
         QCOMPARE(rememberedFolder(), sandbox->path());
     }

@@ -93,7 +93,7 @@ private Q_SLOTS:
     {
         QFETCH(const QString, name);
         const QJsonObject file = exampleNamed(name);
-        QVERIFY(SpeciesFile::isSpecies(file));
+        QVERIFY(SpeciesFile::isSpeciesFile(file));
         const QJsonObject species = SpeciesFile::species(file);
         const auto text = [&species](const char* key) {
             return species.value(QLatin1StringView(key)).toString();
@@ -166,7 +166,7 @@ private Q_SLOTS:
         TestSupport::child<QAction>(window, "actionSaveSpecies")->trigger();
 
         const JsonFile::ReadResult saved = JsonFile::read(copy);
-        QVERIFY(saved.parsed);
+        QVERIFY(!saved.object.isEmpty());
         QCOMPARE(saved.object, exampleNamed(name));
     }
 

@@ -52,7 +52,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         const QString path = sandbox->write(u"in/bad.json"_s, content);
-        QVERIFY(!SpeciesFile::read(path));
+        QVERIFY(!SpeciesFile::isSpeciesFile(path));
         dialogs->expectFileDialog(u"Open Species JSON File"_s, path);
         expectNoSpeciesFile(path);
         trigger(*window, "actionLoadSpecies");
@@ -115,7 +115,7 @@ private Q_SLOTS:
         const QString path = sandbox->path(u"in/bad.json"_s);
         for (qsizetype length = 0; length < whole.size(); ++length) {
             sandbox->write(u"in/bad.json"_s, whole.first(length));
-            QVERIFY2(!SpeciesFile::read(path), qPrintable(QString::number(length)));
+            QVERIFY2(!SpeciesFile::isSpeciesFile(path), qPrintable(QString::number(length)));
         }
         for (qsizetype length = 0; length < whole.size(); length += 29) {
             sandbox->write(u"in/bad.json"_s, whole.first(length));
@@ -149,7 +149,7 @@ private Q_SLOTS:
             QByteArray broken = whole;
             broken[at] = wrong;
             sandbox->write(u"in/bad.json"_s, broken);
-            if (SpeciesFile::read(path)) {
+            if (SpeciesFile::isSpeciesFile(path)) {
                 QVERIFY(window->loadSpecies(path));
                 QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - bad.json"_s);
             } else {
@@ -238,7 +238,7 @@ private Q_SLOTS:
         QCOMPARE(spectrumTitles(*window), titles);
         QCOMPARE(rememberedFolder(), sandbox->path(u"in"_s));
         trigger(*window, "actionSaveSpecies");
-        QVERIFY(SpeciesFile::read(path));
+        QVERIFY(SpeciesFile::isSpeciesFile(path));
     }
 
 private:

@@ -62,9 +62,9 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, text);
         QFETCH(bool, species);
-        QCOMPARE(SpeciesFile::isSpecies(parsed(text)), species);
+        QCOMPARE(SpeciesFile::isSpeciesFile(parsed(text)), species);
         const Sandbox sandbox;
-        QCOMPARE(SpeciesFile::read(sandbox.write(u"a.json"_s, text)).has_value(), species);
+        QCOMPARE(SpeciesFile::isSpeciesFile(sandbox.write(u"a.json"_s, text)), species);
     }
 
     void unreadableFilesAreNoSpeciesFiles_data()
@@ -82,14 +82,14 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, text);
         const Sandbox sandbox;
-        QVERIFY(!SpeciesFile::read(sandbox.write(u"a.json"_s, text)));
+        QVERIFY(!SpeciesFile::isSpeciesFile(sandbox.write(u"a.json"_s, text)));
     }
 
     void missingFilesAndFoldersAreNoSpeciesFiles()
     {
         const Sandbox sandbox;
-        QVERIFY(!SpeciesFile::read(sandbox.path(u"missing.json"_s)));
-        QVERIFY(!SpeciesFile::read(sandbox.path()));
+        QVERIFY(!SpeciesFile::isSpeciesFile(sandbox.path(u"missing.json"_s)));
+        QVERIFY(!SpeciesFile::isSpeciesFile(sandbox.path()));
     }
 
     void speciesObjectIsTakenOrEmpty_data()

@@ -369,7 +369,7 @@ private:
     void keepPicture()
     {
         auto* model = window->findChild<SpeciesModel*>();
-        model->setData(model->index(0, SpeciesModel::StructureImage), plainPicture(Qt::yellow));
+        model->setValue(SpeciesModel::StructureImage, plainPicture(Qt::yellow));
     }
 
     [[nodiscard]] QImage storedPicture() const

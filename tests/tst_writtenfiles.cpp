@@ -80,12 +80,11 @@ private Q_SLOTS:
         auto* model = window->findChild<SpeciesModel*>();
         QImage picture(3, 2, QImage::Format_ARGB32);
         picture.fill(Qt::transparent);
-        const QModelIndex cell = model->index(0, SpeciesModel::StructureImage);
-        QVERIFY(model->setData(cell, picture));
+        model->setValue(SpeciesModel::StructureImage, picture);
         QVERIFY(SpeciesFile::species(saveEntry(u"picture.json"_s))[u"StructuralFormula"]
                     .toString()
                     .startsWith(u"iVBORw0KGgo"));
-        QVERIFY(model->setData(cell, QVariant()));
+        model->setValue(SpeciesModel::StructureImage, QVariant());
         QCOMPARE(SpeciesFile::species(saveEntry(u"cleared.json"_s))[u"StructuralFormula"],
                  QJsonValue(QString()));
     }

@@ -3,7 +3,7 @@
 
 #include "widgets/cleantextedit.h"
 
-#include "widgets/cleanedhtml.h"
+#include "support/cleanedhtml.h"
 
 #include <QContextMenuEvent>
 #include <QImage>

@@ -56,16 +56,14 @@ QStringList spectrumTitles(const QWidget& window)
     QStringList titles;
     const QList<SpectrumWindow*> all = spectra(window);
     for (const SpectrumWindow* spectrum : all) {
-        const SpectrumModel* model = spectrum->model();
-        titles.append(model->data(model->index(0, SpectrumModel::Title)).toString());
+        titles.append(spectrum->model()->value(SpectrumModel::Title).toString());
     }
     return titles;
 }
 
 QString cell(const QWidget& window, SpeciesModel::Column column)
 {
-    const auto* model = window.findChild<SpeciesModel*>();
-    return model->data(model->index(0, column)).toString();
+    return window.findChild<SpeciesModel*>()->value(column).toString();
 }
 
 void typeInto(QWidget& field, const QString& text)

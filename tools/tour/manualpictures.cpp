@@ -301,7 +301,7 @@ void ManualPictures::addSpectrum()
     visitor->trigger("actionNew");
     SpectrumModel* model = visitor->activeSpectrum().model();
     // Not today, so that the pictures stay the same.
-    model->setData(model->index(0, SpectrumModel::CreatedDate), u"2026-01-15"_s);
+    model->setValue(SpectrumModel::CreatedDate, u"2026-01-15"_s);
 }
 
 void ManualPictures::fillSpectrum()

@@ -87,7 +87,7 @@ void Tour::copySpectrumTo(const QString& otherEntry, const QString& copy)
 bool Tour::isFoundAsSaved(const QString& path)
 {
     const JsonFile::ReadResult saved = JsonFile::read(path);
-    if (!saved.parsed || !visitor.open(path))
+    if (saved.object.isEmpty() || !visitor.open(path))
         return false;
     const QString again = path + ".again"_L1;
     visitor.saveAs(again);

@@ -3,7 +3,7 @@
 
 // Species files compiled into a database: every entry is its file without "Type".
 
-#include "database/databaseassembly.h"
+#include "database/databasefile.h"
 
 #include "fuzz/fuzztarget.h"
 #include "species/speciesfile.h"
@@ -20,16 +20,16 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QList<QByteArray> documents = Fuzz::bytes(data, size).split('\0');
     for (const QByteArray& document : documents) {
         const QJsonObject file = QJsonDocument::fromJson(document).object();
-        if (SpeciesFile::isSpecies(file))
+        if (SpeciesFile::isSpeciesFile(file))
             files.append(file);
     }
-    const DatabaseAssembly::Header header{u"1.0"_s, u"3.0"_s, u"Title"_s, QDate(2026, 1, 2)};
+    const DatabaseFile::Header header{u"1.0"_s, u"3.0"_s, u"Title"_s, QDate(2026, 1, 2)};
     const auto format = size % 2 == 0 ? QJsonDocument::Compact : QJsonDocument::Indented;
-    QByteArray text = DatabaseAssembly::beginning(format);
-    const QList<int> order = DatabaseAssembly::entryOrder(static_cast<int>(files.size()));
-    for (const int entryNumber : order)
-        text += DatabaseAssembly::entry(entryNumber, files.at(entryNumber - 1), format);
-    text += DatabaseAssembly::end(header, format);
+    QByteArray text;
+    const bool complete = DatabaseFile::assemble(
+        header, files.size(), [&files](qsizetype index) { return files.at(index); }, format,
+        [&text](const QByteArray& piece) { text += piece; });
+    Fuzz::require(complete, "every file can be used");
 
     const QJsonObject database = QJsonDocument::fromJson(text).object();
     Fuzz::require(text == QJsonDocument(database).toJson(format), "the pieces fit");

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "widgets/cleanedhtml.h"
+#include "support/cleanedhtml.h"
 
 #include <QRegularExpression>
 #include <QStringList>

@@ -1,20 +1,23 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "database/databaseassembly.h"
+#include "database/databasefile.h"
+#include "tests/support/documentwindow.h"
+#include "tests/support/sandbox.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTest>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const DatabaseAssembly::Header& header()
+const DatabaseFile::Header& header()
 {
-    static const DatabaseAssembly::Header plain{u"1.0"_s, u"3.0"_s, u"Spectra"_s,
-                                                QDate(2026, 2, 1)};
+    static const DatabaseFile::Header plain{u"1.0"_s, u"3.0"_s, u"Spectra"_s, QDate(2026, 2, 1)};
     return plain;
 }
 
@@ -23,17 +26,17 @@ QJsonObject speciesFile(int mass)
     return {{u"Type"_s, u"Species v1"_s}, {u"Species"_s, QJsonObject{{u"Mass"_s, mass}}}};
 }
 
-QByteArray textOf(const DatabaseAssembly::Header& head, const QList<QJsonObject>& files,
+QByteArray textOf(const DatabaseFile::Header& head, const QList<QJsonObject>& files,
                   QJsonDocument::JsonFormat format)
 {
-    QByteArray text = DatabaseAssembly::beginning(format);
-    const QList<int> order = DatabaseAssembly::entryOrder(static_cast<int>(files.size()));
-    for (const int number : order)
-        text += DatabaseAssembly::entry(number, files.at(number - 1), format);
-    return text + DatabaseAssembly::end(head, format);
+    QByteArray text;
+    const bool complete = DatabaseFile::assemble(
+        head, files.size(), [&files](qsizetype index) { return files.at(index); }, format,
+        [&text](const QByteArray& piece) { text += piece; });
+    return complete ? text : QByteArray();
 }
 
-QJsonObject assembled(const DatabaseAssembly::Header& head, const QList<QJsonObject>& files)
+QJsonObject assembled(const DatabaseFile::Header& head, const QList<QJsonObject>& files)
 {
     return QJsonDocument::fromJson(textOf(head, files, QJsonDocument::Compact)).object();
 }
@@ -46,7 +49,7 @@ QByteArray compact(const QJsonObject& object)
 } // namespace
 
 /// The content of a database, put together from the contents of species files.
-class TestDatabaseAssembly : public QObject
+class TestDatabaseFile : public QObject
 {
     Q_OBJECT
 
@@ -61,8 +64,8 @@ private Q_SLOTS:
 
     void headerTextsAreTakenAsTyped()
     {
-        const DatabaseAssembly::Header typed{QString(), u" 3 "_s, u"<b>\"A\" & \\ B</b>"_s,
-                                             QDate(1999, 12, 31)};
+        const DatabaseFile::Header typed{QString(), u" 3 "_s, u"<b>\"A\" & \\ B</b>"_s,
+                                         QDate(1999, 12, 31)};
         const QJsonObject written = assembled(typed, {}).value(u"Header"_s).toObject();
         QCOMPARE(written.size(), 4);
         QCOMPARE(written.value(u"Version"_s), QJsonValue(QString()));
@@ -122,11 +125,28 @@ private Q_SLOTS:
                             "\"Note\":\"<i>kept</i>\",\"Species\":{\"Mass\":18}}"));
     }
 
-    void givenFileStaysAsItIs()
+    void eachFileIsAskedForOnceInTheOrderOfTheKeys()
     {
-        const QJsonObject file = speciesFile(18);
-        QVERIFY(!DatabaseAssembly::entry(1, file, QJsonDocument::Compact).isEmpty());
-        QCOMPARE(file.value(u"Type"_s), QJsonValue(u"Species v1"_s));
+        QList<qsizetype> asked;
+        const auto note = [&asked](qsizetype index) {
+            asked.append(index);
+            return QJsonObject();
+        };
+        QVERIFY(DatabaseFile::assemble(header(), 11, note, QJsonDocument::Compact,
+                                       [](const QByteArray& /*piece*/) {}));
+        QCOMPARE(asked, QList<qsizetype>({0, 9, 10, 1, 2, 3, 4, 5, 6, 7, 8}));
+    }
+
+    void firstUnusableFileEndsTheWork()
+    {
+        int asked = 0;
+        const auto onlyTheFirst = [&asked](qsizetype index) -> std::optional<QJsonObject> {
+            ++asked;
+            return index == 0 ? std::optional(speciesFile(18)) : std::nullopt;
+        };
+        QVERIFY(!DatabaseFile::assemble(header(), 3, onlyTheFirst, QJsonDocument::Compact,
+                                        [](const QByteArray& /*piece*/) {}));
+        QCOMPARE(asked, 2);
     }
 
     void piecesMakeUpTheTextOfTheToolkit_data()
@@ -171,7 +191,80 @@ private Q_SLOTS:
                             "    \"Type\": \"Database v1\"\n"
                             "}\n"));
     }
+
+    void filesAreCompiledIntoTheTarget_data()
+    {
+        QTest::addColumn<QJsonDocument::JsonFormat>("format");
+        QTest::newRow("compact") << QJsonDocument::Compact;
+        QTest::newRow("indented") << QJsonDocument::Indented;
+    }
+    void filesAreCompiledIntoTheTarget()
+    {
+        QFETCH(const QJsonDocument::JsonFormat, format);
+        const Sandbox sandbox;
+        const QByteArray helium = TestSupport::speciesFile(u"He"_s, {u"measured"_s});
+        const QByteArray neon = TestSupport::speciesFile(u"Ne"_s);
+        const QStringList sources{sandbox.write(u"he.json"_s, helium),
+                                  sandbox.write(u"ne.json"_s, neon)};
+        const QString target = sandbox.write(u"all.json"_s, "old");
+        QCOMPARE(DatabaseFile::write(target, header(), sources, format).outcome,
+                 DatabaseFile::Outcome::Written);
+        QCOMPARE(sandbox.read(u"all.json"_s), textOf(header(),
+                                                     {QJsonDocument::fromJson(helium).object(),
+                                                      QJsonDocument::fromJson(neon).object()},
+                                                     format));
+    }
+
+    void firstUnusableSourceOfTheListIsNamed_data()
+    {
+        QTest::addColumn<QStringList>("sources");
+        QTest::addColumn<QString>("unusable");
+        QTest::addColumn<DatabaseFile::Outcome>("outcome");
+        // Eleven, so that the list's order is not that of the keys: the last two come second and
+        // third.
+        const QStringList good(8, u"good.json"_s);
+        const auto row = [&good](const char* name, const QStringList& last, const char* unusable,
+                                 DatabaseFile::Outcome outcome) {
+            QTest::newRow(name) << good + last << QString::fromLatin1(unusable) << outcome;
+        };
+        row("missing", {u"good.json"_s, u"none.json"_s, u"spectrum.json"_s}, "none.json",
+            DatabaseFile::Outcome::SourceNotOpened);
+        row("spectrum", {u"spectrum.json"_s, u"none.json"_s, u"none.json"_s}, "spectrum.json",
+            DatabaseFile::Outcome::SourceIsNoSpecies);
+        row("no JSON", {u"text.json"_s, u"spectrum.json"_s, u"good.json"_s}, "text.json",
+            DatabaseFile::Outcome::SourceIsNoSpecies);
+        row("folder", {u"."_s, u"good.json"_s, u"text.json"_s}, ".",
+            DatabaseFile::Outcome::SourceNotOpened);
+    }
+    void firstUnusableSourceOfTheListIsNamed()
+    {
+        QFETCH(QStringList, sources);
+        QFETCH(const QString, unusable);
+        QFETCH(const DatabaseFile::Outcome, outcome);
+        const Sandbox sandbox;
+        sandbox.write(u"good.json"_s, TestSupport::speciesFile(u"He"_s));
+        sandbox.write(u"spectrum.json"_s, TestSupport::spectrumFile(u"s"_s));
+        sandbox.write(u"text.json"_s, "no JSON");
+        for (QString& source : sources)
+            source = sandbox.path(source);
+        const QString target = sandbox.write(u"all.json"_s, "old");
+        const auto result = DatabaseFile::write(target, header(), sources, QJsonDocument::Compact);
+        QCOMPARE(result.outcome, outcome);
+        QCOMPARE(result.source, sandbox.path(unusable));
+        QCOMPARE(sandbox.read(u"all.json"_s), QByteArray("old"));
+    }
+
+    void targetThatCannotBeOpenedIsTold()
+    {
+        const Sandbox sandbox;
+        const QString source = sandbox.write(u"he.json"_s, TestSupport::speciesFile(u"He"_s));
+        for (const QString& target : {sandbox.path(u"no/folder.json"_s), sandbox.path()}) {
+            QCOMPARE(
+                DatabaseFile::write(target, header(), {source}, QJsonDocument::Compact).outcome,
+                DatabaseFile::Outcome::TargetNotOpened);
+        }
+    }
 };
 
-QTEST_MAIN(TestDatabaseAssembly)
-#include "tst_databaseassembly.moc"
+QTEST_MAIN(TestDatabaseFile)
+#include "tst_databasefile.moc"

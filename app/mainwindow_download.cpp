@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The structure image: download, display and context menu.
+// The download of the structure image.
 
 #include "app/mainwindow.h"
 #include "species/casnumber.h"
@@ -11,8 +11,6 @@
 #include "support/messages.h"
 #include "ui_mainwindow.h"
 
-#include <QClipboard>
-#include <QMenu>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QScopeGuard>
@@ -62,7 +60,7 @@ void MainWindow::onImageDownloaded(QNetworkReply* reply)
         Messages::critical(this, tr("Image Error"), tr("Failed to load the image data."));
         return;
     }
-    setStructureImage(QVariant::fromValue(picture.toImage()));
+    speciesModel->setValue(SpeciesModel::StructureImage, picture.toImage());
 }
 
 void MainWindow::showWhetherDownloading()
@@ -72,52 +70,4 @@ void MainWindow::showWhetherDownloading()
         ui->buttonDownload->setCursor(Qt::BusyCursor);
     else
         ui->buttonDownload->unsetCursor();
-}
-
-void MainWindow::setStructureImage(const QVariant& image)
-{
-    speciesModel->setData(speciesModel->index(0, SpeciesModel::StructureImage), image,
-                          Qt::EditRole);
-}
-
-void MainWindow::showImage()
-{
-    const QImage image = speciesModel->image();
-    if (image.isNull()) {
-        ui->imageLabel->clear();
-        return;
-    }
-    // As many pixels as the screen has there: a label doubles smaller pictures, which blurs them.
-    const double pixelRatio = ui->imageLabel->devicePixelRatioF();
-    QPixmap picture = QPixmap::fromImage(image).scaled(
-        ui->imageLabel->size() * pixelRatio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    picture.setDevicePixelRatio(pixelRatio);
-    ui->imageLabel->setPixmap(picture);
-}
-
-void MainWindow::showImageMenu(const QPoint& position)
-{
-    QMenu menu(tr("Image Menu"), this);
-    const QAction* clear = menu.addAction(u"Clear Image"_s);
-    const QAction* paste = menu.addAction(u"Paste Image from Clipboard"_s);
-    const QAction* chosen = menu.exec(ui->imageLabel->mapToGlobal(position));
-    if (chosen == clear)
-        clearImage();
-    else if (chosen == paste)
-        pasteImageFromClipboard();
-}
-
-void MainWindow::clearImage()
-{
-    setStructureImage(QVariant());
-}
-
-void MainWindow::pasteImageFromClipboard()
-{
-    const QImage image = QGuiApplication::clipboard()->image();
-    if (image.isNull()) {
-        Messages::warning(this, tr("No Image"), tr("The clipboard does not contain an image."));
-        return;
-    }
-    setStructureImage(QVariant::fromValue(image));
 }

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The structure picture: display and context menu.
+
+#include "app/mainwindow.h"
+#include "species/speciesmodel.h"
+#include "support/messages.h"
+#include "ui_mainwindow.h"
+
+#include <QClipboard>
+#include <QMenu>
+
+using namespace Qt::StringLiterals;
+
+void MainWindow::showImage()
+{
+    const QImage image = speciesModel->image();
+    if (image.isNull()) {
+        ui->imageLabel->clear();
+        return;
+    }
+    // As many pixels as the screen has there: a label doubles smaller pictures, which blurs them.
+    const double pixelRatio = ui->imageLabel->devicePixelRatioF();
+    QPixmap picture = QPixmap::fromImage(image).scaled(
+        ui->imageLabel->size() * pixelRatio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(pixelRatio);
+    ui->imageLabel->setPixmap(picture);
+}
+
+void MainWindow::showImageMenu(const QPoint& position)
+{
+    QMenu menu(tr("Image Menu"), this);
+    const QAction* clear = menu.addAction(u"Clear Image"_s);
+    const QAction* paste = menu.addAction(u"Paste Image from Clipboard"_s);
+    const QAction* chosen = menu.exec(ui->imageLabel->mapToGlobal(position));
+    if (chosen == clear)
+        clearImage();
+    else if (chosen == paste)
+        pasteImageFromClipboard();
+}
+
+void MainWindow::clearImage()
+{
+    speciesModel->setValue(SpeciesModel::StructureImage, QVariant());
+}
+
+void MainWindow::pasteImageFromClipboard()
+{
+    const QImage image = QGuiApplication::clipboard()->image();
+    if (image.isNull()) {
+        Messages::warning(this, tr("No Image"), tr("The clipboard does not contain an image."));
+        return;
+    }
+    speciesModel->setValue(SpeciesModel::StructureImage, image);
+}

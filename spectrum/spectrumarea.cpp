@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumarea.h"
+
+#include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumwindow.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
+    : area(multipleDocumentArea)
+{}
+
+void SpectrumArea::add(SpectrumWindow* window)
+{
+    QMdiSubWindow* subWindow = area.addSubWindow(window);
+    subWindow->setAttribute(Qt::WA_DeleteOnClose);
+    // As a stop of the Tab key it would catch every Shift+Tab of the form.
+    subWindow->setFocusPolicy(Qt::ClickFocus);
+    window->show();
+}
+
+void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
+{
+    area.setUpdatesEnabled(false);
+    for (const QJsonObject& dataset : datasets) {
+        add(new SpectrumWindow(dataset, document));
+        // The first one fills the area; all others need not do so only to be covered by the next.
+        area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    }
+    area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
+    showFirst();
+    area.setUpdatesEnabled(true);
+    if (SpectrumWindow* spectrum = active())
+        spectrum->setFocus();
+}
+
+void SpectrumArea::showFirst()
+{
+    const QList<QMdiSubWindow*> subWindows = area.subWindowList(QMdiArea::CreationOrder);
+    if (subWindows.isEmpty())
+        return;
+    area.setActiveSubWindow(subWindows.constFirst());
+    // What the windows have put off until now would each paint the first one once more.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
+    if (SpectrumWindow* spectrum = active())
+        spectrum->fitChart();
+}
+
+SpectrumWindow* SpectrumArea::active() const
+{
+    const QMdiSubWindow* subWindow = area.activeSubWindow();
+    return subWindow == nullptr ? nullptr : qobject_cast<SpectrumWindow*>(subWindow->widget());
+}
+
+QList<QJsonObject> SpectrumArea::records() const
+{
+    QList<QJsonObject> found;
+    const QList<QMdiSubWindow*> subWindows = area.subWindowList(QMdiArea::CreationOrder);
+    for (const QMdiSubWindow* subWindow : subWindows) {
+        if (const auto* spectrum = qobject_cast<SpectrumWindow*>(subWindow->widget()))
+            found.append(spectrum->model()->toJson());
+    }
+    return found;
+}
+
+bool SpectrumArea::closeActive()
+{
+    QMdiSubWindow* subWindow = area.activeSubWindow();
+    return subWindow != nullptr && subWindow->close();
+}
+
+void SpectrumArea::closeAll()
+{
+    area.closeAllSubWindows();
+}

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QJsonObject>
+#include <QList>
+
+class QMdiArea;
+class QWidget;
+class SpectrumWindow;
+
+/// The spectra of a document: one sub-window each in a multiple-document area, which it borrows and
+/// which has to outlive it.
+class SpectrumArea
+{
+public:
+    explicit SpectrumArea(QMdiArea& multipleDocumentArea);
+
+    /// Takes the window into a sub-window of its own, which is deleted when it closes, and shows
+    /// it.
+    void add(SpectrumWindow* window);
+
+    /// Adds a window for each dataset, constructed with @p document as its parent, and activates
+    /// the first of all spectra. However many there are, what is seen is painted once.
+    void show(const QList<QJsonObject>& datasets, QWidget* document);
+
+    /// The spectrum in front; null when there is none.
+    [[nodiscard]] SpectrumWindow* active() const;
+
+    /// The spectrum records in the order in which the windows were added.
+    [[nodiscard]] QList<QJsonObject> records() const;
+
+    /// Closes the spectrum in front, without a question. Returns whether there was one.
+    bool closeActive();
+    void closeAll();
+
+private:
+    void showFirst();
+
+    QMdiArea& area;
+};

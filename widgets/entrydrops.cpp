@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "widgets/entrydrops.h"
+
+#include "support/droppedfile.h"
+#include "widgets/windowparts.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QWidget>
+
+EntryDrops::EntryDrops(QWidget* receivingWindow)
+    : QObject(receivingWindow)
+    , window(receivingWindow)
+{
+    QApplication::instance()->installEventFilter(this);
+}
+
+bool EntryDrops::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        break;
+    default:
+        return false;
+    }
+    const auto& drop = *static_cast<QDropEvent*>(event);
+    if (!isInsideWindow(watched, *window) || droppedJsonFile(drop.mimeData()).isEmpty())
+        return false;
+    static_cast<QObject*>(window)->event(event);
+    return true;
+}
