@@ -1,12 +1,16 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "support/cleanedhtml.h"
+#include "tests/support/dialogscript.h"
 #include "tests/support/sandbox.h"
 #include "widgets/cleantextedit.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMetaProperty>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -206,6 +210,35 @@ private Q_SLOTS:
                 [&] { seen = field.cleanedHtml(); });
         QTest::keyClicks(&field, u"a"_s);
         QCOMPARE(seen, u"a"_s);
+    }
+
+    void copiedTextKeepsItsFormatForOtherPrograms()
+    {
+        Form form;
+        QVERIFY(form.show());
+        form.field->setCleanedHtml(u"H<sub>2</sub>O"_s);
+        QTest::keyClick(form.field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(form.field, Qt::Key_C, Qt::ControlModifier);
+        const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+        QCOMPARE(copied->text(), u"H2O"_s);
+        QTextEdit otherProgram;
+        otherProgram.setHtml(copied->html());
+        QCOMPARE(CleanedHtml::fromDocument(*otherProgram.document()), u"H<sub>2</sub>O"_s);
+    }
+
+    void contextMenuIsGoneAfterUse()
+    {
+        Form form;
+        QVERIFY(form.show());
+        DialogScript menus;
+        for (int use = 0; use < 2; ++use) {
+            menus.expect([](QWidget& menu) { QTest::keyClick(&menu, Qt::Key_Escape); });
+            QContextMenuEvent request(QContextMenuEvent::Mouse, QPoint(5, 5),
+                                      form.field->mapToGlobal(QPoint(5, 5)));
+            QCoreApplication::sendEvent(form.field->viewport(), &request);
+            QTRY_VERIFY2(menus.passed(), menus.report().constData());
+        }
+        QTRY_VERIFY(form.window.findChildren<QMenu*>().isEmpty());
     }
 
     void enterStartsANewLine_data()

@@ -257,6 +257,16 @@ private Q_SLOTS:
         QVERIFY(field->height() > oneLine);
     }
 
+    void heightFollowsPastingWithoutAKey()
+    {
+        field->setFontPointSize(40);
+        const int oneLine = field->height();
+        QGuiApplication::clipboard()->setText(u"water"_s);
+        field->paste(); // as the context menu does
+        QCOMPARE(field->height(), documentHeight(*field) + 5);
+        QVERIFY(field->height() > oneLine);
+    }
+
     void loadingLeavesTheHeightUntilTheNextKey()
     {
         const int oneLine = field->height();
