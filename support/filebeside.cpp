@@ -44,7 +44,7 @@ FileDescriptor openUnnamed([[maybe_unused]] const FileDescriptor& folder,
     errno = EOPNOTSUPP;
 #ifdef O_TMPFILE
     if (access("/proc/self/fd", X_OK) == 0)
-        return FileDescriptor(openat(folder.get(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+        return FileDescriptor::openAt(folder.get(), ".", O_TMPFILE | O_RDWR, mode);
 #endif
     return {};
 }
@@ -80,10 +80,10 @@ int FileBeside::open(mode_t mode)
         return errno;
     if (isAppendOnly(target.folder()))
         return EPERM; // it could never be removed
-    constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
     for (int attempt = 0; attempt < 100; ++attempt) {
         const QByteArray name = newName(".part-");
-        descriptor = FileDescriptor(openat(target.folder().get(), name.constData(), flags, mode));
+        descriptor = FileDescriptor::openAt(target.folder().get(), name, flags, mode);
         if (descriptor.isOpen()) {
             ownName = name;
             return 0;

@@ -7,6 +7,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+FileDescriptor FileDescriptor::openAt(int folder, const QByteArray& name, int flags, mode_t mode)
+{
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has no other form
+    return FileDescriptor(::openat(folder, name.constData(), flags | O_CLOEXEC, mode));
+}
+
 int FileDescriptor::append(QByteArrayView bytes) const
 {
     while (!bytes.isEmpty()) {
@@ -39,6 +45,7 @@ int FileDescriptor::overwrite(QByteArrayView bytes, qint64 offset) const
 int FileDescriptor::sync() const
 {
 #ifdef F_FULLFSYNC // macOS, not tried: fsync() alone leaves the bytes in the drive's own memory.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): as above
     if (::fcntl(descriptor, F_FULLFSYNC) == 0)
         return 0;
 #endif

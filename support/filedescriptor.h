@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include <QByteArrayView>
+#include <QByteArray>
 
+#include <sys/types.h>
 #include <utility>
 
 /// An open file of the operating system (Unix only), closed with its owner. Functions that can fail
@@ -27,6 +28,9 @@ public:
         std::swap(descriptor, other.descriptor);
         return *this;
     }
+
+    /// Opens a file of the folder; not open, with the reason in errno, when that fails.
+    static FileDescriptor openAt(int folder, const QByteArray& name, int flags, mode_t mode = 0);
 
     [[nodiscard]] bool isOpen() const { return descriptor >= 0; }
     [[nodiscard]] int get() const { return descriptor; }

@@ -5,6 +5,7 @@
 
 #include <QByteArrayList>
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <optional>
@@ -66,6 +67,14 @@ std::optional<QByteArray> attribute(const FileDescriptor& file, const QByteArray
     return value;
 }
 
+bool giveAttribute(const FileDescriptor& from, const FileDescriptor& to, const QByteArray& name)
+{
+    const auto value = attribute(from, name);
+    return value && (attribute(to, name) == value ||
+                     fsetxattr(to.get(), name.constData(), value->constData(),
+                               static_cast<size_t>(value->size()), 0) == 0);
+}
+
 /// Access lists are among the attributes here.
 bool giveAttributes(const FileDescriptor& from, const FileDescriptor& to)
 {
@@ -73,21 +82,13 @@ bool giveAttributes(const FileDescriptor& from, const FileDescriptor& to)
     const auto present = attributeNames(to);
     if (!wanted || !present)
         return false;
-    for (const QByteArray& name : *wanted) {
-        const auto value = attribute(from, name);
-        if (!value)
-            return false;
-        if (attribute(to, name) != value &&
-            fsetxattr(to.get(), name.constData(), value->constData(),
-                      static_cast<size_t>(value->size()), 0) != 0)
-            return false;
-    }
-    // What it has got from the folder.
-    for (const QByteArray& name : *present) {
-        if (!wanted->contains(name) && fremovexattr(to.get(), name.constData()) != 0)
-            return false;
-    }
-    return true;
+    // What it has got from the folder goes again.
+    const auto isGiven = [&](const QByteArray& name) { return giveAttribute(from, to, name); };
+    const auto isRightOrGone = [&](const QByteArray& name) {
+        return wanted->contains(name) || fremovexattr(to.get(), name.constData()) == 0;
+    };
+    return std::all_of(wanted->begin(), wanted->end(), isGiven) &&
+           std::all_of(present->begin(), present->end(), isRightOrGone);
 }
 
 /// Flags of the file system, of which some cannot be seen on every one.

@@ -36,11 +36,25 @@ int cut(const FileDescriptor& file, qint64 size)
     return ftruncate(file.get(), size) == 0 ? 0 : errno;
 }
 
+/// The next bytes from there on, a MiB at most; empty when they cannot be read.
+QByteArray pieceOf(const FileContent& content, qint64 offset)
+{
+    const qint64 length = std::min(mostAtOnce, content.size - offset);
+    if (!content.file.isOpen())
+        return content.bytes.sliced(offset, length);
+    QByteArray piece(length, Qt::Uninitialized);
+    ssize_t count = -1;
+    do {
+        count = pread(content.file.get(), piece.data(), static_cast<size_t>(length), offset);
+    } while (count < 0 && errno == EINTR);
+    return piece.left(std::max(count, ssize_t{0}));
+}
+
 /// Copies the content from one offset to another to the same place in the file.
 int copy(const FileContent& content, qint64 from, qint64 to, const FileDescriptor& file)
 {
     while (from < to) {
-        const QByteArray piece = content.piece(from, std::min(to - from, mostAtOnce));
+        const QByteArray piece = pieceOf(content, from).left(to - from);
         if (piece.isEmpty())
             return EIO;
         if (const int error = file.overwrite(piece, from))
@@ -57,7 +71,7 @@ std::optional<QByteArray> contentOf(const FileDescriptor& file, qint64 size)
     QByteArray bytes;
     bytes.reserve(size);
     while (bytes.size() < size) {
-        const QByteArray piece = content.piece(bytes.size(), mostAtOnce);
+        const QByteArray piece = pieceOf(content, bytes.size());
         if (piece.isEmpty())
             return std::nullopt;
         bytes += piece;
@@ -66,19 +80,6 @@ std::optional<QByteArray> contentOf(const FileDescriptor& file, qint64 size)
 }
 
 } // namespace
-
-QByteArray FileContent::piece(qint64 offset, qint64 most) const
-{
-    const qint64 length = std::min(most, size - offset);
-    if (!file.isOpen())
-        return bytes.sliced(offset, length);
-    QByteArray read(length, Qt::Uninitialized);
-    ssize_t count = -1;
-    do {
-        count = pread(file.get(), read.data(), static_cast<size_t>(length), offset);
-    } while (count < 0 && errno == EINTR);
-    return read.left(std::max(count, ssize_t{0}));
-}
 
 RewriteOutcome rewrite(const FileDescriptor& file, const FileContent& content, int& error)
 {

@@ -13,9 +13,6 @@ struct FileContent
     const FileDescriptor& file; ///< Not open when the bytes are in memory.
     QByteArray bytes;
     qint64 size = 0;
-
-    /// At most @p most bytes from there on; empty when they cannot be read.
-    [[nodiscard]] QByteArray piece(qint64 offset, qint64 most) const;
 };
 
 enum class RewriteOutcome {

@@ -59,12 +59,12 @@ FileTarget::Kind kindOf(const struct stat& status)
 
 FileDescriptor openFolder(const QByteArray& path)
 {
-    int folder = open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    FileDescriptor folder = FileDescriptor::openAt(AT_FDCWD, path, O_RDONLY | O_DIRECTORY);
 #ifdef O_PATH
-    if (folder < 0 && errno == EACCES) // a folder that may be written but not listed
-        folder = open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    if (!folder.isOpen() && errno == EACCES) // a folder that may be written but not listed
+        folder = FileDescriptor::openAt(AT_FDCWD, path, O_PATH | O_DIRECTORY);
 #endif
-    return FileDescriptor(folder);
+    return folder;
 }
 
 } // namespace
@@ -97,10 +97,10 @@ FileDescriptor FileTarget::openExisting() const
 {
     // Without O_CREAT, which the system refuses for a file of somebody else in a sticky folder;
     // and never waiting for the other end of a pipe that has come there meanwhile.
-    constexpr int flags = O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-    FileDescriptor file(openat(targetFolder.get(), targetName.constData(), O_RDWR | flags));
+    constexpr int flags = O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
+    FileDescriptor file = FileDescriptor::openAt(targetFolder.get(), targetName, O_RDWR | flags);
     if (!file.isOpen() && errno == EACCES)
-        file = FileDescriptor(openat(targetFolder.get(), targetName.constData(), O_WRONLY | flags));
+        file = FileDescriptor::openAt(targetFolder.get(), targetName, O_WRONLY | flags);
     struct stat status = {};
     if (!file.isOpen())
         return file;
@@ -113,6 +113,6 @@ FileDescriptor FileTarget::openExisting() const
 
 FileDescriptor FileTarget::create() const
 {
-    return FileDescriptor(openat(targetFolder.get(), targetName.constData(),
-                                 O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    return FileDescriptor::openAt(targetFolder.get(), targetName,
+                                  O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0666);
 }

@@ -8,6 +8,8 @@
 #include <QSaveFile>
 #include <QTemporaryFile>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -27,8 +29,8 @@ bool writeAll(QFileDevice& file, const QByteArray& bytes)
 
 } // namespace
 
-ToolkitSave::ToolkitSave(const QString& path)
-    : target(path)
+ToolkitSave::ToolkitSave(QString path)
+    : target(std::move(path))
 {
     constexpr int mostLinks = 40;
     for (int links = 0; links < mostLinks && QFileInfo(target).isSymbolicLink(); ++links)

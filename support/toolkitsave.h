@@ -17,7 +17,7 @@
 class ToolkitSave : public FileSave
 {
 public:
-    explicit ToolkitSave(const QString& path);
+    explicit ToolkitSave(QString path);
 
     void write(const QByteArray& bytes) override;
     [[nodiscard]] SaveResult commit() override;

@@ -259,6 +259,19 @@ std::function<QString(const QString&)> mountPoint(bool inReadOnlyFolder)
     };
 }
 
+/// The same, and the old file has a second name, so that it has to be rewritten in place.
+std::function<QString(const QString&)> inMemoryWithSecondName(const char* options, qsizetype size,
+                                                              int more)
+{
+    return [=](const QString& folder) {
+        const QString problem = inMemory(options, size, more)(folder);
+        const QByteArray path = QFile::encodeName(folder + u"/target.json");
+        const bool linked = problem.isEmpty() &&
+                            link(path.constData(), QByteArray(path + ".other").constData()) == 0;
+        return linked ? QString() : notAllowed;
+    };
+}
+
 std::function<QString(const QString&)> withFlag(int flag, const QString& bearer, bool exists)
 {
     return [=](const QString& folder) {
@@ -278,6 +291,14 @@ Situations fileSystems()
         {"no inodes", {Outcome::Refused, target, inMemory("size=9m,nr_inodes=5", 20, 9)}},
         {"no room for a second file",
          {Outcome::Refused, target, inMemory("size=280k", 200'000, 0)}},
+        {"second name and no inodes",
+         {Outcome::Refused, target, inMemoryWithSecondName("size=9m,nr_inodes=6", 20, 3)}},
+        {"second name and no room for a copy",
+         {Outcome::Refused, target, inMemoryWithSecondName("size=280k", 200'000, 0)}},
+        {"second name, a copy and no room to grow",
+         {Outcome::Refused, target, inMemoryWithSecondName("size=200k", 20, 0)}},
+        {"second name and room",
+         {Outcome::Stored, target, inMemoryWithSecondName("size=9m", 20, 0)}},
         {"no room", {Outcome::Lost, target, inMemory("size=60k", 20'000, 0)}},
         {"room", {Outcome::Stored, target, inMemory("size=9m", 200'000, 0)}},
         {"mount point", {Outcome::Stored, target, mountPoint(false)}},

@@ -160,6 +160,25 @@ private Q_SLOTS:
         QCOMPARE(allIn(folder), QStringList{u"file.json"_s});
     }
 
+    /// Who may give files away replaces those of others.
+    void rootLeavesTheOwner()
+    {
+        if (geteuid() != 0)
+            QSKIP("only root can give files away");
+        sandbox->write(u"files/file.json"_s, "old");
+        QCOMPARE(chown(QFile::encodeName(path).constData(), 2001, 3001), 0);
+        setMode(path, 0664);
+        QVERIFY(setAccessList(path, 2002, 6, 4));
+        const FileFacts before = FileFacts::of(path);
+        const FileDescriptor old = opened(path);
+        QCOMPARE(saved(path, {"new"}), SaveResult::Written);
+        QCOMPARE(FileFacts::of(path).describe(), before.describe());
+        QCOMPARE(sandbox->read(u"files/file.json"_s), QByteArray("new"));
+        struct stat status = {};
+        QCOMPARE(fstat(old.get(), &status), 0);
+        QCOMPARE(status.st_nlink, nlink_t{0});
+    }
+
     void savingThatIsGivenUpLeavesNothing()
     {
         sandbox->write(u"files/file.json"_s, "old");
