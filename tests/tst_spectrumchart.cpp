@@ -143,7 +143,7 @@ private Q_SLOTS:
         QTest::keyClicks(child<QPlainTextEdit>(window, "textEditSpect"), u"1 2\r3 4"_s);
         QCOMPARE(series(window)->points(), Points());
         QSignalSpy replaced(series(window), &QXYSeries::pointsReplaced);
-        QVERIFY(replaced.wait(20'000));
+        QVERIFY(replaced.wait(patience));
         QCOMPARE(series(window)->points(), (Points{{1, 2}, {3, 4}}));
         QCOMPARE(range(window), (Range{1, 3, 2, 4}));
         QCOMPARE(replaced.count(), 1);

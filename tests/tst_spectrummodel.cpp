@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "spectrum/spectrummodel.h"
-#include "tests/support/dialogscript.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/sandboxtest.h"
 
 #include <QAbstractItemModelTester>
 #include <QJsonArray>
@@ -16,8 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int longEnough = 20'000; // ms; the pause after typing takes 2 s on an idle machine
 
 using Points = QList<QPointF>;
 
@@ -51,7 +48,7 @@ struct EditedModel
 } // namespace
 
 /// One spectrum dataset: its cells, its points and the two commands that rewrite them.
-class TestSpectrumModel : public QObject
+class TestSpectrumModel : public SandboxTest
 {
     Q_OBJECT
 
@@ -185,12 +182,12 @@ private Q_SLOTS:
         for (const char key : {'1', ' ', '2'}) {
             QTest::keyClick(&edited.editor, key);
             QVERIFY(pause->remainingTime() > 1000); // started anew
-            QTRY_VERIFY_WITH_TIMEOUT(pause->remainingTime() <= 1000, longEnough);
+            QTRY_VERIFY_WITH_TIMEOUT(pause->remainingTime() <= 1000, TestSupport::patience);
         }
         QCOMPARE(edited.changes.count(), 0);
         QCOMPARE(edited.model.points(), Points());
 
-        QVERIFY(edited.changes.wait(longEnough));
+        QVERIFY(edited.changes.wait(TestSupport::patience));
         QCOMPARE(edited.changes.count(), 1);
         QCOMPARE(edited.model.points(), (Points{{1, 2}}));
         QVERIFY(!pause->isActive());
@@ -323,7 +320,6 @@ private Q_SLOTS:
 
     void lineSpectrumIsNotResampled()
     {
-        const Sandbox sandbox;
         QWidget window;
         QPlainTextEdit editor(u"10.000 0\n10.004 4"_s, &window);
         SpectrumModel model(&window, &editor);
@@ -333,17 +329,15 @@ private Q_SLOTS:
         const QSignalSpy changes(&model, &SpectrumModel::spectrumDataChanged);
 
         const QWidget* boxParent = nullptr;
-        DialogScript dialogs;
-        dialogs.expect([&](QWidget& box) {
+        dialogs->expect([&](QWidget& box) {
             boxParent = box.parentWidget();
             QCOMPARE(box.windowTitle(), u"Error"_s);
             box.close();
         });
-        dialogs.expectBox(QMessageBox::Warning, u"Error"_s, u"Cannot resample line spectra"_s);
+        dialogs->expectBox(QMessageBox::Warning, u"Error"_s, u"Cannot resample line spectra"_s);
         model.makePointsSparser();
         QCOMPARE(boxParent, &window);
         model.makePointsSparser();
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
         QCOMPARE(editor.toPlainText(), u"9 1\n10.000 0\n10.004 4"_s);
         QCOMPARE(model.points().size(), 3);
         QCOMPARE(changes.count(), 0);
@@ -351,18 +345,15 @@ private Q_SLOTS:
 
     void warningStandsAloneWhenTheModelBelongsToNoWindow()
     {
-        const Sandbox sandbox;
         QObject owner;
         SpectrumModel model(&owner);
         model.setData(model.index(0, SpectrumModel::LineSpectrum), true);
-        DialogScript dialogs;
-        dialogs.expect([&dialogs](QWidget& box) {
+        dialogs->expect([this](QWidget& box) {
             if (box.parentWidget() != nullptr)
-                dialogs.complain(u"the box has a parent"_s);
+                dialogs->complain(u"the box has a parent"_s);
             box.close();
         });
         model.makePointsSparser();
-        QVERIFY2(dialogs.passed(), dialogs.report().constData());
     }
 };
 

@@ -146,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(window.model()->points(), Points());
         QSignalSpy changes(window.model(), &SpectrumModel::spectrumDataChanged);
         click(window, "buttonCommaToDot");
-        QVERIFY(changes.wait(20'000));
+        QVERIFY(changes.wait(patience));
         QCOMPARE(window.model()->points(), (Points{{1.5, 2}}));
         QCOMPARE(drawn(window), (Points{{1.5, 2}}));
     }

@@ -276,7 +276,7 @@ private Q_SLOTS:
         host->holdAnswers();
         typeCasNumber(u"58-08-2"_s);
         clickDownload();
-        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, TestSupport::patience);
 
         QVERIFY(TestSupport::child<QPushButton>(*window, "buttonDownload")->isEnabled());
         auto* field = TestSupport::child<QTextEdit>(*window, "lineEditSpecies");
@@ -298,7 +298,7 @@ private Q_SLOTS:
         clickDownload();
         typeCasNumber(u"7732-18-5"_s);
         clickDownload();
-        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 2, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 2, TestSupport::patience);
 
         host->release(waterTarget);
         QVERIFY(finishDownload());
@@ -325,7 +325,7 @@ private Q_SLOTS:
         host->holdAnswers();
         typeCasNumber(u"58-08-2"_s);
         clickDownload();
-        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(host->requests().size(), 1, TestSupport::patience);
         auto* reply = window->findChild<QNetworkReply*>();
         QVERIFY(reply != nullptr);
         const QSignalSpy replyGone(reply, &QObject::destroyed);
@@ -339,9 +339,6 @@ private Q_SLOTS:
     }
 
 private:
-    // Generous: a machine under load may take its time over a TLS handshake.
-    static constexpr int patience = 30000;
-
     void typeCasNumber(const QString& text)
     {
         auto* field = TestSupport::child<QTextEdit>(*window, "lineEditCAS");
@@ -361,9 +358,10 @@ private:
     /// Waits until one more reply has been dealt with, its box included.
     bool finishDownload()
     {
-        const bool arrived = !finished->isEmpty() || finished->wait(patience);
+        const bool arrived = !finished->isEmpty() || finished->wait(TestSupport::patience);
         finished->clear();
-        return arrived && QTest::qWaitFor([this] { return dialogs->passed(); }, patience);
+        return arrived &&
+               QTest::qWaitFor([this] { return dialogs->passed(); }, TestSupport::patience);
     }
 
     void keepPicture()

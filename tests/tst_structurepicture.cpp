@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "species/structurepicture.h"
-#include "tests/support/sandbox.h"
+#include "tests/support/sandboxtest.h"
 #include "tests/support/traps.h"
 
 #include <QBuffer>
@@ -98,7 +98,7 @@ void addReferencesOutsideImages()
 } // namespace
 
 /// Structure images out of files and downloads, which may come from anybody.
-class TestStructurePicture : public QObject
+class TestStructurePicture : public SandboxTest
 {
     Q_OBJECT
 
@@ -245,8 +245,7 @@ private Q_SLOTS:
     void drawingOpensNoOtherFile()
     {
         QFETCH(QByteArray, pattern);
-        const Sandbox sandbox;
-        const FifoTrap trap(sandbox.path(u"trap.png"_s));
+        const FifoTrap trap(sandbox->path(u"trap.png"_s));
         if (!trap.isSet())
             QSKIP("there are no pipes here");
         const auto fillIn = [&trap](QByteArray bytes) {
@@ -276,8 +275,7 @@ private Q_SLOTS:
 
     void drawingThatNamesAFileIsShownWithoutIt()
     {
-        const Sandbox sandbox;
-        const QString path = sandbox.path(u"blue.png"_s);
+        const QString path = sandbox->path(u"blue.png"_s);
         QVERIFY(picture().save(path, "PNG"));
         const QImage image = StructurePicture::decode(
             drawing("<image width=\"20\" height=\"10\" preserveAspectRatio=\"none\" xlink:href=\"" +

@@ -104,7 +104,7 @@ private Q_SLOTS:
         }
         const QList<SpectrumWindow*> filled = spectra(*window);
         for (const SpectrumWindow* spectrum : filled)
-            QTRY_COMPARE_WITH_TIMEOUT(spectrum->model()->points().size(), 5, 20'000);
+            QTRY_COMPARE_WITH_TIMEOUT(spectrum->model()->points().size(), 5, TestSupport::patience);
 
         // Each one to a file, and through the clipboard back into the entry.
         QList<QJsonObject> containers;
