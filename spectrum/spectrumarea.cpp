@@ -4,6 +4,7 @@
 #include "spectrum/spectrumarea.h"
 
 #include "spectrum/spectrummodel.h"
+#include "spectrum/spectrumtabs.h"
 #include "spectrum/spectrumwindow.h"
 
 #include <QCoreApplication>
@@ -13,6 +14,7 @@
 
 SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
     : area(multipleDocumentArea)
+    , tabs(new SpectrumTabs(&multipleDocumentArea))
 {}
 
 void SpectrumArea::add(SpectrumWindow* window)
@@ -21,6 +23,7 @@ void SpectrumArea::add(SpectrumWindow* window)
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
     // As a stop of the Tab key it would catch every Shift+Tab of the form.
     subWindow->setFocusPolicy(Qt::ClickFocus);
+    tabs->follow(subWindow);
     window->show();
 }
 

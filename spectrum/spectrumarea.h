@@ -8,6 +8,7 @@
 
 class QMdiArea;
 class QWidget;
+class SpectrumTabs;
 class SpectrumWindow;
 
 /// The spectra of a document: one sub-window each in a multiple-document area, which it borrows and
@@ -15,6 +16,7 @@ class SpectrumWindow;
 class SpectrumArea
 {
 public:
+    /// An area that shows its sub-windows as tabs.
     explicit SpectrumArea(QMdiArea& multipleDocumentArea);
 
     /// Takes the window into a sub-window of its own, which is deleted when it closes, and shows
@@ -39,4 +41,5 @@ private:
     void showFirst();
 
     QMdiArea& area;
+    SpectrumTabs* tabs; ///< Belongs to the area.
 };

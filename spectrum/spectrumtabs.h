@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+
+class QFontMetrics;
+class QMdiArea;
+class QMdiSubWindow;
+class QString;
+class QTabBar;
+
+/// The tabs of the spectra in a multiple-document area. Each shows the beginning of its spectrum's
+/// title, as it is ("&" included), and tells the rest in a tool tip; so many long titles have room
+/// beside each other. A middle click does nothing: closing a spectrum discards it.
+class SpectrumTabs : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The area shows tabs already; it owns this object.
+    explicit SpectrumTabs(QMdiArea* area);
+
+    /// Shows the title of the spectrum in the area's child, now and whenever it changes.
+    void follow(QMdiSubWindow* subWindow);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    /// The text of a tab: one line of the title that is no wider than @p width, with every "&"
+    /// doubled as tabs want it. Takes no longer for long titles.
+    [[nodiscard]] static QString tabText(const QString& title, const QFontMetrics& metrics,
+                                         int width);
+
+    /// The title as the text of a tool tip, which breaks lines and takes nothing for markup. Of a
+    /// title that would fill the screen the beginning.
+    [[nodiscard]] static QString toolTip(const QString& title);
+
+private:
+    void showTitle(const QMdiSubWindow& subWindow);
+
+    QMdiArea* area;
+    QTabBar* bar;
+};
