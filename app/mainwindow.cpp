@@ -3,6 +3,7 @@
 
 #include "app/mainwindow.h"
 
+#include "app/formdock.h"
 #include "species/speciesmodel.h"
 #include "spectrum/spectrumarea.h"
 #include "support/messages.h"
@@ -36,6 +37,7 @@ MainWindow::MainWindow(QWidget* parent)
     connectActions();
     setupMapper();
     setAcceptDrops(true);
+    new FormDock(this, ui->speciesDock);
     new EntryDrops(this);
     new WindowShortcuts(this);
     Messages::keepAllPlain(this);
@@ -62,8 +64,6 @@ void MainWindow::fitForm()
     for (QWidget* widget : formWidgets)
         setDarkText(*widget);
 
-    // The form needs a third of the width, the spectra the rest; size hints alone would halve it.
-    resizeDocks({ui->speciesDock}, {width() / 3}, Qt::Horizontal);
     ui->verticalLayout->setAlignment(ui->formLayout, Qt::AlignTop);
 
     // Both energy fields show a value with its uncertainty whole; the headings stand above the
