@@ -64,8 +64,6 @@ void MainWindow::fitForm()
     for (QWidget* widget : formWidgets)
         setDarkText(*widget);
 
-    ui->verticalLayout->setAlignment(ui->formLayout, Qt::AlignTop);
-
     // Both energy fields show a value with its uncertainty whole; the headings stand above the
     // columns.
     constexpr int frameAndMargins = 16;
@@ -75,6 +73,7 @@ void MainWindow::fitForm()
     ui->lineEditVIE->setFixedWidth(energyWidth);
     const int gap = ui->horizontalLayout_2->spacing();
     ui->horizontalLayout_4->setSpacing(energyWidth - ui->label_11->maximumWidth() + gap);
+    ui->label_11->setMinimumWidth(ui->label_11->maximumWidth());
 }
 
 void MainWindow::connectSignals()

@@ -5,6 +5,7 @@
 
 #include "spectrum/spectrumpoints.h"
 
+#include <QGraphicsLayout>
 #include <QtCharts/QChart>
 #include <QtCharts/QLineSeries>
 #include <QtCharts/QValueAxis>
@@ -53,6 +54,9 @@ std::unique_ptr<QChart> build()
 {
     auto chart = std::make_unique<QChart>();
     chart->legend()->hide();
+    constexpr QMargins half(10, 10, 10, 10); // of the usual, and none around: the plot needs it
+    chart->setMargins(half);
+    chart->layout()->setContentsMargins(0, 0, 0, 0);
     auto* series = new QLineSeries;
     chart->addSeries(series);
     addAxis(*chart, *series, u"h\u03bd / eV"_s, Qt::AlignBottom);

@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <QtCharts/QAbstractAxis>
 #include <QtCharts/QChart>
 
@@ -34,7 +35,31 @@ void SpectrumChartView::takeChart(std::unique_ptr<QChart> newChart)
     // The view hands its old chart back to the caller.
     const std::unique_ptr<QChart> replaced(chart());
     newChart->hide();
+    const QSize smallest = minimumSize(); // which the toolkit replaces, here as in fitChart()
     setChart(newChart.release());
+    setMinimumSize(smallest);
+}
+
+QSize SpectrumChartView::minimumSizeHint() const
+{
+    // The usual number of ticks with usual numbers, what stands left of or below them, and margins.
+    constexpr int ticks = 5;
+    constexpr int margins = 40;
+    const QFontMetrics metrics = fontMetrics();
+    const int energies = ticks * metrics.horizontalAdvance(u"99.99 "_s);
+    const int intensities = metrics.horizontalAdvance(u"10000.00"_s) + metrics.height();
+    int title = 0;
+    const QList<QAbstractAxis*> axes = chart()->axes(Qt::Vertical);
+    for (const QAbstractAxis* axis : axes)
+        title =
+            std::max(title, QFontMetrics(axis->titleFont()).horizontalAdvance(axis->titleText()));
+    return {energies + intensities + margins,
+            std::max(minimumHeight(), title + 3 * metrics.height() + margins)};
+}
+
+QSize SpectrumChartView::sizeHint() const
+{
+    return minimumSizeHint();
 }
 
 void SpectrumChartView::mousePressEvent(QMouseEvent* event)
@@ -83,6 +108,11 @@ bool SpectrumChartView::viewportEvent(QEvent* event)
     return QChartView::viewportEvent(event);
 }
 
+void SpectrumChartView::wheelEvent(QWheelEvent* event)
+{
+    event->ignore(); // for the form around, which may have to be scrolled
+}
+
 void SpectrumChartView::fitChart()
 {
     if (fitted)
@@ -98,8 +128,11 @@ void SpectrumChartView::fitChart()
             axis->setTitleVisible(true);
         }
     }
+    // Qt Charts replaces the smallest size by one in which no number at an axis is legible.
+    const QSize smallest = minimumSize();
     QResizeEvent resize(size(), size());
     QChartView::resizeEvent(&resize);
+    setMinimumSize(smallest);
 }
 
 void SpectrumChartView::showValue(QPointF value)

@@ -26,6 +26,13 @@ public:
     /// is not laid out: the chart stays hidden until the view is painted.
     void takeChart(std::unique_ptr<QChart> newChart);
 
+    /// Enough for the numbers and titles of the axes. Qt Charts shortens those that do not fit, to
+    /// "1..." in the end.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+    /// The smallest size, too: the chart takes what others leave.
+    [[nodiscard]] QSize sizeHint() const override;
+
     /// Fits the chart to the view now. A view that is about to be seen for the first time is then
     /// painted once, and not once more for the fitting.
     void fitChart();
@@ -36,6 +43,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void showValue(QPointF value);

@@ -46,6 +46,7 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
 {
     ui->setupUi(this);
     setFocusProxy(ui->lineEditTitle);
+    arrange();
     fillMappingTable();
 
     spectrumModel = new SpectrumModel(this, ui->textEditSpect);
@@ -76,6 +77,16 @@ SpectrumModel* SpectrumWindow::model() const
 void SpectrumWindow::fitChart()
 {
     ui->chartSpectrum->fitChart();
+}
+
+void SpectrumWindow::arrange()
+{
+    constexpr int listWidth = 200;
+    ui->textEditSpect->setMinimumWidth(fontMetrics().horizontalAdvance(u"12.3456 1000.00"_s));
+    ui->splitterSpectrum->setSizes({listWidth, width() - listWidth});
+    ui->splitterSpectrum->setStretchFactor(1, 1); // what is gained or lost is the chart's
+    // The smallest size that the box knows of itself is from before its items had their texts.
+    ui->comboBoxType->setMinimumWidth(ui->comboBoxType->sizeHint().width());
 }
 
 void SpectrumWindow::fillMappingTable()
@@ -127,6 +138,7 @@ void SpectrumWindow::connectSignals()
 void SpectrumWindow::buildChart()
 {
     ui->chartSpectrum->takeChart(SpectrumChart::build());
+    ui->splitterSpectrum->setMinimumHeight(ui->chartSpectrum->minimumSizeHint().height());
     ui->chartSpectrum->setRenderHint(QPainter::Antialiasing);
     ui->chartSpectrum->setRubberBand(QChartView::RectangleRubberBand);
 }
@@ -197,8 +209,10 @@ void SpectrumWindow::onButtonCommaToDotClicked()
 
 void SpectrumWindow::updateLineCount()
 {
-    ui->label_14->setText(
-        u"Spectrum, I(hv / eV) (%1 lines)"_s.arg(ui->textEditSpect->blockCount()));
+    const QString caption =
+        u"Spectrum, I(hv / eV) (%1 lines)"_s.arg(ui->textEditSpect->blockCount());
+    ui->label_14->setText(caption);
+    ui->textEditSpect->setAccessibleName(caption); // a caption names its neighbours only
 }
 
 void SpectrumWindow::updateChart()

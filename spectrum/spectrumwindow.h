@@ -59,6 +59,7 @@ private:
         const char* propertyName;
     };
 
+    void arrange();
     void fillMappingTable();
     void connectSignals();
     void buildChart();

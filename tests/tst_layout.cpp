@@ -13,7 +13,10 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QTest>
+#include <QtCharts/QChart>
+#include <QtCharts/QChartView>
 
 #include <optional>
 
@@ -171,15 +174,52 @@ private Q_SLOTS:
         QCOMPARE(left("lineEditVIEComment"), left("lineEditAIEComment"));
     }
 
-    void pointListAndChartShareTheLowerHalf()
+    void chartTakesWhatIsLeftBesideTheList()
     {
-        const auto* points = child<QWidget>(*spectrum, "textEditSpect");
-        const auto* chart = child<QWidget>(*spectrum, "chartSpectrum");
-        QVERIFY(points->height() > 150);
-        QVERIFY(chart->height() >= 200);
-        QVERIFY(chart->width() > points->width());
-        const int top = chart->mapTo(spectrum, QPoint(0, 0)).y();
-        QVERIFY(top > spectrum->height() / 4);
+        auto* view = child<QChartView>(*spectrum, "chartSpectrum");
+        const QRect list = placeOf(*child<QWidget>(*spectrum, "textEditSpect"));
+        const QRect chart = placeOf(*view);
+        QVERIFY(!view->grab().isNull());
+        const QSizeF plot = view->chart()->plotArea().size();
+        QVERIFY2(plot.width() >= 450 && plot.height() >= 260,
+                 qPrintable(u"%1 x %2"_s.arg(plot.width()).arg(plot.height())));
+        QVERIFY2(std::abs(list.width() - 200) <= 20, qPrintable(QString::number(list.width())));
+        QCOMPARE(list.top(), chart.top());
+        QCOMPARE(list.height(), chart.height());
+        QVERIFY(chart.top() > spectrum->height() / 4);
+        for (const char* control :
+             {"checkBoxLineSpectrum", "buttonNormalize", "buttonSparse", "buttonCommaToDot"})
+            QVERIFY(placeOf(*child<QWidget>(*spectrum, control)).bottom() < chart.top());
+        QCOMPARE(view->minimumSize(), QSize(0, 200));
+    }
+
+    void edgeOfTheListCanBeMoved()
+    {
+        auto* splitter = child<QSplitter>(*spectrum, "splitterSpectrum");
+        const auto* list = child<QWidget>(*spectrum, "textEditSpect");
+        const int before = list->width();
+        const QSplitterHandle* handle = splitter->handle(1);
+        QVERIFY(handle->width() >= 4);
+        const QPoint grip = handle->rect().center();
+        QTest::mousePress(splitter->handle(1), Qt::LeftButton, {}, grip);
+        QTest::mouseMove(splitter->handle(1), grip + QPoint(60, 0));
+        QTest::mouseRelease(splitter->handle(1), Qt::LeftButton, {}, grip + QPoint(60, 0));
+        QCOMPARE(list->width(), before + 60);
+        window->resize(1400, 900);
+        QCoreApplication::processEvents();
+        QCOMPARE(list->width(), before + 60);
+    }
+
+    void aliasesGetWhatTheFormLeavesOver()
+    {
+        const auto* aliases = child<QWidget>(*dock(), "textEditAliases");
+        const auto* image = child<QWidget>(*dock(), "imageLabel");
+        QVERIFY2(aliases->height() > 300, qPrintable(QString::number(aliases->height())));
+        const int below = image->parentWidget()->height() - image->geometry().bottom();
+        QVERIFY2(below < 20, qPrintable(QString::number(below)));
+        const int between =
+            image->y() - child<QWidget>(*dock(), "lineEditVIE")->geometry().bottom();
+        QVERIFY2(between < 20, qPrintable(QString::number(between)));
     }
 
 private:
@@ -188,6 +228,11 @@ private:
         QTest::addColumn<int>("type");
         QTest::newRow("ms-TPES") << 0;
         QTest::newRow("FC simulation") << 4;
+    }
+
+    [[nodiscard]] QRect placeOf(const QWidget& widget) const
+    {
+        return {widget.mapTo(spectrum, QPoint(0, 0)), widget.size()};
     }
 
     [[nodiscard]] QDockWidget* dock() const { return child<QDockWidget>(*window, "speciesDock"); }

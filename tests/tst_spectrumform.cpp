@@ -169,8 +169,8 @@ private Q_SLOTS:
         QVERIFY(TestSupport::child<QLabel>(window, "labelComments")->wordWrap());
         QCOMPARE(TestSupport::child<QWidget>(window, "textEditComments")->minimumSize(),
                  QSize(0, 0));
-        // The width is then raised by the chart itself to what its axes need.
-        QCOMPARE(TestSupport::child<QWidget>(window, "chartSpectrum")->minimumHeight(), 200);
+        QCOMPARE(TestSupport::child<QWidget>(window, "chartSpectrum")->minimumSize(),
+                 QSize(0, 200));
     }
 
     void tabLeadsThroughTheForm()

@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 #include <QUrl>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -68,6 +69,21 @@ void CleanTextEdit::contextMenuEvent(QContextMenuEvent* event)
         menu->setParent(outermost, menu->windowFlags());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(event->globalPos());
+}
+
+QSize CleanTextEdit::minimumSizeHint() const
+{
+    constexpr int fewestLines = 3;
+    constexpr int fewestCharacters = 10;
+    const int frameAndMargins = 2 * frameWidth() + qCeil(2 * document()->documentMargin());
+    return QSize(fewestCharacters * fontMetrics().averageCharWidth(),
+                 fewestLines * fontMetrics().lineSpacing()) +
+           QSize(frameAndMargins, frameAndMargins);
+}
+
+QSize CleanTextEdit::sizeHint() const
+{
+    return {QTextEdit::sizeHint().width(), minimumSizeHint().height()};
 }
 
 QMimeData* CleanTextEdit::createMimeDataFromSelection() const

@@ -24,6 +24,12 @@ public:
 
     QVariant loadResource(int type, const QUrl& name) override;
 
+    /// Three lines of some words, so that a layout with little room takes it from elsewhere.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+    /// As high as the smallest size: what is left over goes to the fields that grow.
+    [[nodiscard]] QSize sizeHint() const override;
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
