@@ -8,6 +8,7 @@
 #include "tests/support/windowtest.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
@@ -21,6 +22,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <linux/fs.h>
+#include <map>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -400,9 +402,7 @@ private Q_SLOTS:
         const QString problem = situation.prepare(folder);
         if (!problem.isEmpty())
             QSKIP(qPrintable(problem));
-        const QString plain = sandbox->path(u"in/plain.json"_s);
-        save(kind, plain, Outcome::Stored);
-        const QByteArray wanted = bytesOf(plain);
+        const QByteArray wanted = wantedOf(kind);
         QVERIFY(wanted.size() > 90'000 && wanted.size() < 190'000);
 
         const QString path = folder + u'/' + situation.target;
@@ -416,7 +416,8 @@ private Q_SLOTS:
         }
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
         const bool stored = situation.outcome == Outcome::Stored;
-        QVERIFY(contentOf(path) == (stored ? wanted : old));
+        QVERIFY(contentOf(path) == (stored ? wanted : old) ||
+                (stored && contentOf(path) == wantedOf(kind)));
         if (before.exists || !stored)
             QCOMPARE(FileFacts::of(path).describe(), before.describe());
         else
@@ -431,6 +432,19 @@ private Q_SLOTS:
     }
 
 private:
+    /// What is stored where nothing is special; saved once a day, as databases have a date.
+    QByteArray wantedOf(int kind)
+    {
+        static std::map<std::pair<int, QDate>, QByteArray> known;
+        QByteArray& bytes = known[{kind, QDate::currentDate()}];
+        if (bytes.isEmpty()) {
+            const QString plain = sandbox->path(u"in/plain.json"_s);
+            save(kind, plain, Outcome::Stored);
+            bytes = bytesOf(plain);
+        }
+        return bytes;
+    }
+
     static void verifyNewFile(const QString& path)
     {
         const FileFacts facts = FileFacts::of(path);
