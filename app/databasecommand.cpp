@@ -32,7 +32,9 @@ int runDatabaseProgram()
     Messages::keepAllPlain(&dialog);
     // The dialogs run event loops of their own. The application's is not started, so that no
     // closing window, each being the last one visible, quits it.
-    if (dialog.exec() == QDialog::Accepted && compileDatabase(&dialog, dialog))
-        return EXIT_SUCCESS;
+    while (dialog.exec() == QDialog::Accepted) {
+        if (compileDatabase(&dialog, dialog))
+            return EXIT_SUCCESS;
+    }
     return EXIT_FAILURE;
 }

@@ -10,6 +10,7 @@ class QWidget;
 /// Returns whether the database was written.
 bool compileDatabase(QWidget* messageParent, const CreateDatabase& choices);
 
-/// The program that does nothing else: asks and compiles once. Returns the exit code of the
-/// program: EXIT_SUCCESS when the database was created, EXIT_FAILURE after a failure or Cancel.
+/// The program that does nothing else: asks and compiles until there is a database; after a failure
+/// the dialog comes back as it was. Returns the exit code of the program: EXIT_SUCCESS when the
+/// database was created, EXIT_FAILURE after Cancel.
 int runDatabaseProgram();

@@ -4,17 +4,20 @@
 #include "app/mainwindow.h"
 
 #include "app/formdock.h"
+#include "species/specieshint.h"
 #include "species/speciesmodel.h"
 #include "spectrum/spectrumarea.h"
 #include "support/messages.h"
 #include "ui_mainwindow.h"
 #include "widgets/darktext.h"
 #include "widgets/entrydrops.h"
+#include "widgets/fieldhint.h"
 #include "widgets/windowshortcuts.h"
 
 #include <QDataWidgetMapper>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
+#include <QShortcut>
 
 #include <array>
 
@@ -41,6 +44,10 @@ MainWindow::MainWindow(QWidget* parent)
     new EntryDrops(this);
     new WindowShortcuts(this);
     Messages::keepAllPlain(this);
+    addKeys();
+    ui->buttonDownload->setToolTip(ui->buttonDownload->accessibleDescription());
+    new FieldHint(ui->lineEditCAS, &SpeciesHint::aboutCasNumber);
+    new FieldHint(ui->lineEditMass, &SpeciesHint::aboutMass);
 }
 
 MainWindow::~MainWindow()
@@ -106,6 +113,31 @@ void MainWindow::connectActions()
             &MainWindow::loadPreviousSpeciesFile);
     connect(ui->actionNextFile, &QAction::triggered, this, &MainWindow::loadNextSpeciesFile);
     connect(speciesModel, &SpeciesModel::imageChanged, this, &MainWindow::showImage);
+}
+
+void MainWindow::addKeys()
+{
+    // Beside the actions, whose shortcuts people know: those that stand in the tool bar have none.
+    const auto add = [this](const QKeySequence& keys, QAction* action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, action, &QAction::trigger);
+        action->setToolTip(
+            u"%1 (%2)"_s.arg(action->text(), keys.toString(QKeySequence::NativeText)));
+    };
+    add(Qt::ALT | Qt::Key_PageUp, ui->actionPreviousFile);
+    add(Qt::ALT | Qt::Key_PageDown, ui->actionNextFile);
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_F, ui->actionSelectFolder);
+
+    const QKeySequence imageMenu(Qt::CTRL | Qt::SHIFT | Qt::Key_I);
+    connect(new QShortcut(imageMenu, this), &QShortcut::activated, this,
+            [this] { showImageMenu(ui->imageLabel->rect().center()); });
+    ui->imageLabel->setToolTip(
+        tr("Structure: right click or %1").arg(imageMenu.toString(QKeySequence::NativeText)));
+
+    // The area knows these keys only while one of its spectra has the focus.
+    connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, this,
+            [this] { spectra->activateNext(); });
+    connect(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, this), &QShortcut::activated,
+            this, [this] { spectra->activatePrevious(); });
 }
 
 void MainWindow::setupMapper()

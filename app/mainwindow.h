@@ -79,6 +79,7 @@ private:
     void fitForm();
     void connectSignals();
     void connectActions();
+    void addKeys();
     void setupMapper();
 
     // Document life

@@ -12,6 +12,7 @@
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
+#include "widgets/leftfield.h"
 
 #include <QCloseEvent>
 #include <QDataWidgetMapper>
@@ -61,7 +62,8 @@ bool MainWindow::askToSave()
 
     const SuspendedWaitCursor suspended;
     const auto answer = Messages::question(
-        tr("The species has been modified."), tr("Do you want to save your changes?"),
+        tr("KORVELA Entry Edit"), tr("The species has been modified."),
+        tr("Do you want to save your changes?"),
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     // Saving goes on even when the save-as dialog was cancelled or the write failed: on purpose.
     if (answer == QMessageBox::Save)
@@ -193,6 +195,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     if (path.isEmpty())
         return;
     acceptDrop(event);
+    const LeftField left(*this);
     const WaitCursor waiting;
     if (!askToSave())
         return;
@@ -206,5 +209,6 @@ void MainWindow::dropEvent(QDropEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    const LeftField left(*this);
     event->setAccepted(askToSave());
 }

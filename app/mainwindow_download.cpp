@@ -47,6 +47,8 @@ void MainWindow::onButtonDownloadClicked()
 
 void MainWindow::onImageDownloaded(QNetworkReply* reply)
 {
+    if (reply == nullptr)
+        return; // whoever invokes the slot by name may have none
     const auto release = qScopeGuard([reply] { reply->deleteLater(); });
     showWhetherDownloading();
     // The end can come before the next report of progress, so the size is looked at once more.

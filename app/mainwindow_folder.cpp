@@ -8,6 +8,7 @@
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
+#include "widgets/leftfield.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -40,6 +41,7 @@ void MainWindow::loadNextSpeciesFile()
 
 bool MainWindow::step(const QString& path, int direction)
 {
+    const LeftField left(*this);
     const WaitCursor waiting;
     const QFileInfo start(path);
     const SpeciesFolder folder(start.isDir() ? path : start.absolutePath());

@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 void MainWindow::addSpectrumWindow(SpectrumWindow* window)
 {
     spectra->add(window);
+    window->setFocus();
     setModified(true);
 }
 

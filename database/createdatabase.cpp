@@ -5,10 +5,12 @@
 
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
+#include "support/tooltip.h"
 #include "ui_createdatabase.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QShortcut>
 
 CreateDatabase::CreateDatabase(QWidget* parent)
     : QDialog(parent)
@@ -23,6 +25,11 @@ CreateDatabase::CreateDatabase(QWidget* parent)
     connect(ui->pushButton, &QPushButton::clicked, this, &CreateDatabase::setDatabase);
     connect(ui->pushButton_2, &QPushButton::clicked, this, &CreateDatabase::addSpecies);
     connect(ui->pushButton_3, &QPushButton::clicked, this, &CreateDatabase::clearFiles);
+
+    ui->listWidget->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    auto* removal = new QShortcut(QKeySequence::Delete, ui->listWidget);
+    removal->setContext(Qt::WidgetShortcut);
+    connect(removal, &QShortcut::activated, this, &CreateDatabase::removeSelected);
 }
 
 CreateDatabase::~CreateDatabase() = default;
@@ -64,6 +71,7 @@ void CreateDatabase::setDatabase()
     databaseFile = QFileDialog::getSaveFileName(this, tr("Database will be saved to..."), start,
                                                 tr("JSON Files (*.json)"));
     ui->label_5->setText(QFileInfo(databaseFile).fileName());
+    ui->label_5->setToolTip(ToolTip::plain(databaseFile));
 }
 
 void CreateDatabase::addSpecies()
@@ -76,7 +84,17 @@ void CreateDatabase::addSpecies()
     const QStringList paths = dialog.selectedFiles();
     for (const QString& path : paths) {
         speciesFiles.append(path);
-        ui->listWidget->addItem(QFileInfo(path).fileName());
+        auto* item = new QListWidgetItem(QFileInfo(path).fileName(), ui->listWidget);
+        item->setToolTip(ToolTip::plain(path));
+    }
+}
+
+void CreateDatabase::removeSelected()
+{
+    const QList<QListWidgetItem*> selected = ui->listWidget->selectedItems();
+    for (const QListWidgetItem* item : selected) {
+        speciesFiles.removeAt(ui->listWidget->row(item));
+        delete item;
     }
 }
 
@@ -85,6 +103,7 @@ void CreateDatabase::clearFiles()
     ui->listWidget->clear();
     speciesFiles.clear();
     ui->label_5->clear();
+    ui->label_5->setToolTip({});
     databaseFile.clear();
 }
 

@@ -38,6 +38,7 @@ private:
     void setDatabase();
     void addSpecies();
     void clearFiles();
+    void removeSelected();
 
     std::unique_ptr<Ui::CreateDatabase> ui;
     QStringList speciesFiles;

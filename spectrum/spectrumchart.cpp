@@ -35,13 +35,17 @@ QValueAxis* axisOf(const QChart& chart, Qt::Orientation orientation)
     return axes.isEmpty() ? nullptr : qobject_cast<QValueAxis*>(axes.constFirst());
 }
 
-void fitAxes(const QChart& chart, const QList<QPointF>& points)
+void fitAxes(QChart& chart, const QList<QPointF>& points)
 {
     QValueAxis* energyAxis = axisOf(chart, Qt::Horizontal);
     QValueAxis* intensityAxis = axisOf(chart, Qt::Vertical);
     const auto extent = SpectrumPoints::extent(points);
     if (energyAxis == nullptr || intensityAxis == nullptr || !extent)
         return;
+    // A zoom remembers the ranges from before it; left alone, it would bring them back over new
+    // data. Where there are no data the axes stay as they are, zoomed or not.
+    if (chart.isZoomed())
+        chart.zoomReset();
     energyAxis->setRange(extent->energy.lowest, extent->energy.highest);
     intensityAxis->setRange(extent->intensity.lowest, extent->intensity.highest);
 }
@@ -69,10 +73,6 @@ void fill(QChart& chart, const QList<QPointF>& points, bool asSticks)
     QLineSeries* line = lineOf(chart);
     if (line == nullptr)
         return;
-    // A zoom remembers the ranges from before it; left alone, it would bring them back over new
-    // data.
-    if (chart.isZoomed())
-        chart.zoomReset();
     // Every call that changes something draws all points anew: so the old ones go first and the new
     // ones come last.
     line->clear();

@@ -7,9 +7,11 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QRubberBand>
 #include <QWheelEvent>
 #include <QtCharts/QAbstractAxis>
 #include <QtCharts/QChart>
+#include <QtCharts/QValueAxis>
 
 #include <algorithm>
 
@@ -36,6 +38,11 @@ void SpectrumChartView::takeChart(std::unique_ptr<QChart> newChart)
     const std::unique_ptr<QChart> replaced(chart());
     newChart->hide();
     const QSize smallest = minimumSize(); // which the toolkit replaces, here as in fitChart()
+    const QList<QAbstractAxis*> axes = newChart->axes();
+    for (const QAbstractAxis* axis : axes) {
+        if (const auto* values = qobject_cast<const QValueAxis*>(axis))
+            connect(values, &QValueAxis::rangeChanged, this, &SpectrumChartView::refreshReadOut);
+    }
     setChart(newChart.release());
     setMinimumSize(smallest);
 }
@@ -76,18 +83,22 @@ void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 
 void SpectrumChartView::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointF wholePixel = event->position().toPoint();
     fitChart();
-    showValue(chart()->mapToValue(wholePixel));
+    readOut(event->position().toPoint());
     QChartView::mouseMoveEvent(event);
 }
 
 void SpectrumChartView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::RightButton) {
-        chart()->zoomReset();
+        showAll();
         return;
     }
+    // A slip of some pixels would show a piece of the spectrum in which there is nothing.
+    constexpr int smallestZoom = 8;
+    auto* band = findChild<QRubberBand*>();
+    if (band != nullptr && std::min(band->width(), band->height()) < smallestZoom)
+        band->hide();
     QChartView::mouseReleaseEvent(event);
 }
 
@@ -133,6 +144,102 @@ void SpectrumChartView::fitChart()
     QResizeEvent resize(size(), size());
     QChartView::resizeEvent(&resize);
     setMinimumSize(smallest);
+}
+
+void SpectrumChartView::keyPressEvent(QKeyEvent* event)
+{
+    constexpr qreal leap = 10;
+    const qreal pixels = event->modifiers().testFlag(Qt::ShiftModifier) ? leap : 1;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return moveReadOut({-pixels, 0});
+    case Qt::Key_Right:
+        return moveReadOut({pixels, 0});
+    case Qt::Key_Up:
+        return moveReadOut({0, -pixels});
+    case Qt::Key_Down:
+        return moveReadOut({0, pixels});
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: // plus without Shift on many keyboards
+        return zoomIn();
+    case Qt::Key_Minus:
+        return zoomOut();
+    case Qt::Key_0:
+    case Qt::Key_Escape:
+        return showAll();
+    default:
+        QChartView::keyPressEvent(event);
+    }
+}
+
+void SpectrumChartView::focusInEvent(QFocusEvent* event)
+{
+    QChartView::focusInEvent(event);
+    viewport()->update();
+}
+
+void SpectrumChartView::focusOutEvent(QFocusEvent* event)
+{
+    QChartView::focusOutEvent(event);
+    viewport()->update();
+}
+
+void SpectrumChartView::drawForeground(QPainter* painter, const QRectF& rect)
+{
+    QChartView::drawForeground(painter, rect);
+    if (!hasFocus())
+        return;
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter->drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    if (!readOutPosition)
+        return;
+    constexpr qreal arm = 6;
+    painter->setPen(Qt::black); // on the chart's white, whatever the desktop's colours
+    painter->drawLine(*readOutPosition - QPointF(arm, 0), *readOutPosition + QPointF(arm, 0));
+    painter->drawLine(*readOutPosition - QPointF(0, arm), *readOutPosition + QPointF(0, arm));
+}
+
+void SpectrumChartView::readOut(QPointF position)
+{
+    readOutPosition = position;
+    refreshReadOut();
+}
+
+void SpectrumChartView::refreshReadOut()
+{
+    if (readOutPosition)
+        showValue(chart()->mapToValue(*readOutPosition));
+}
+
+void SpectrumChartView::moveReadOut(QPointF step)
+{
+    fitChart();
+    const QRectF plot = chart()->plotArea();
+    const QPointF start = readOutPosition.value_or(plot.center().toPoint()) + step;
+    readOut({std::clamp(start.x(), plot.left(), plot.right()),
+             std::clamp(start.y(), plot.top(), plot.bottom())});
+    viewport()->update();
+}
+
+void SpectrumChartView::zoomIn()
+{
+    ++zoomSteps;
+    chart()->zoomIn();
+}
+
+void SpectrumChartView::zoomOut()
+{
+    if (zoomSteps <= 1)
+        return showAll();
+    --zoomSteps;
+    chart()->zoomOut();
+}
+
+void SpectrumChartView::showAll()
+{
+    zoomSteps = 0;
+    chart()->zoomReset();
 }
 
 void SpectrumChartView::showValue(QPointF value)

@@ -6,11 +6,13 @@
 #include <QtCharts/QChartView>
 
 #include <memory>
+#include <optional>
 
 class QLabel;
 
 /// Chart of a spectrum: shows the values under the mouse in its bottom-right corner, zooms into a
-/// rectangle dragged with the left button and back to the whole spectrum with the right one.
+/// rectangle dragged with the left button and back to the whole spectrum with the right one. By
+/// keyboard the arrows move the values' position, plus and minus zoom, 0 and Escape show the whole.
 ///
 /// Fitting the chart to the view draws all its points anew. That waits until the view is painted:
 /// an entry with many spectra shows one of them at a time, while the others are resized many times
@@ -38,6 +40,10 @@ public:
     void fitChart();
 
 protected:
+    void drawForeground(QPainter* painter, const QRectF& rect) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -46,9 +52,17 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void readOut(QPointF position);
+    void refreshReadOut();
+    void moveReadOut(QPointF step);
+    void zoomIn();
+    void zoomOut();
+    void showAll();
     void showValue(QPointF value);
     void positionHoverLabel();
 
     QLabel* hoverLabel;
-    bool fitted = false; ///< Whether the chart has the size of the view.
+    std::optional<QPointF> readOutPosition; ///< In the view; none until something was read out.
+    int zoomSteps = 0;                      ///< By key, since the whole spectrum was shown.
+    bool fitted = false;                    ///< Whether the chart has the size of the view.
 };

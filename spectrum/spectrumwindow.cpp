@@ -8,6 +8,7 @@
 #include "spectrum/spectrummodel.h"
 #include "support/waitcursor.h"
 #include "ui_spectrumwindow.h"
+#include "widgets/wheelguard.h"
 
 #include <QCloseEvent>
 #include <QDataWidgetMapper>
@@ -47,6 +48,9 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     ui->setupUi(this);
     setFocusProxy(ui->lineEditTitle);
     arrange();
+    new WheelGuard(ui->comboBoxType); // its open list is another widget
+    for (QPushButton* button : {ui->buttonNormalize, ui->buttonSparse, ui->buttonCommaToDot})
+        button->setToolTip(button->accessibleDescription());
     fillMappingTable();
 
     spectrumModel = new SpectrumModel(this, ui->textEditSpect);

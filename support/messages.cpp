@@ -60,12 +60,14 @@ void critical(QWidget* parent, const QString& title, const QString& text)
     show(QMessageBox::Critical, parent, title, text);
 }
 
-QMessageBox::StandardButton question(const QString& text, const QString& informativeText,
+QMessageBox::StandardButton question(const QString& title, const QString& text,
+                                     const QString& informativeText,
                                      QMessageBox::StandardButtons buttons,
                                      QMessageBox::StandardButton defaultButton)
 {
     const SuspendedWaitCursor suspended;
     QMessageBox box;
+    box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.setInformativeText(informativeText);

@@ -21,7 +21,7 @@ void critical(QWidget* parent, const QString& title, const QString& text);
 
 /// A box without a parent that asks; returns the button that was chosen, Cancel when it was closed
 /// otherwise.
-[[nodiscard]] QMessageBox::StandardButton question(const QString& text,
+[[nodiscard]] QMessageBox::StandardButton question(const QString& title, const QString& text,
                                                    const QString& informativeText,
                                                    QMessageBox::StandardButtons buttons,
                                                    QMessageBox::StandardButton defaultButton);

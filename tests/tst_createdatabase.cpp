@@ -285,6 +285,55 @@ private Q_SLOTS:
         QCOMPARE(TestSupport::child<QLabel>(*dialog, "label_5")->textFormat(), Qt::PlainText);
     }
 
+    void deleteRemovesTheSelectedFiles()
+    {
+        addFiles({u"a.json"_s, u"b.json"_s});
+        addFiles({u"c.json"_s, u"a.json"_s});
+        QVERIFY(TestSupport::showActive(*dialog));
+        auto* list = TestSupport::child<QListWidget>(*dialog, "listWidget");
+        const auto clickOn = [list](int row, Qt::KeyboardModifiers modifiers) {
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers,
+                              list->visualItemRect(list->item(row)).center());
+        };
+        clickOn(1, {});
+        clickOn(3, Qt::ControlModifier);
+        QTest::keyClick(list, Qt::Key_Delete);
+        QCOMPARE(shownFiles(), QStringList({u"a.json"_s, u"c.json"_s}));
+        QCOMPARE(dialog->files(),
+                 QStringList({sandbox->path(u"a.json"_s), sandbox->path(u"c.json"_s)}));
+        list->clearSelection();
+        QTest::keyClick(list, Qt::Key_Delete);
+        QCOMPARE(dialog->files().size(), 2);
+        QVERIFY(QFile::exists(sandbox->path(u"b.json"_s)));
+    }
+
+    void deleteInAFieldOfTheDialogRemovesNoFile()
+    {
+        addFiles({u"a.json"_s});
+        QVERIFY(TestSupport::showActive(*dialog));
+        auto* list = TestSupport::child<QListWidget>(*dialog, "listWidget");
+        list->selectAll();
+        auto* title = TestSupport::child<QLineEdit>(*dialog, "lineEdit_3");
+        title->setFocus();
+        title->selectAll();
+        QTest::keyClick(title, Qt::Key_Delete);
+        QCOMPARE(dialog->files().size(), 1);
+        QCOMPARE(dialog->title(), QString());
+    }
+
+    void toolTipsTellTheWholePaths()
+    {
+        const QString name = u"<b>bold.json"_s;
+        addFiles({name});
+        chooseTarget(sandbox->path(u"all.json"_s));
+        const auto* list = TestSupport::child<QListWidget>(*dialog, "listWidget");
+        QVERIFY(list->item(0)->toolTip().contains(sandbox->path(name).toHtmlEscaped()));
+        const auto* target = TestSupport::child<QLabel>(*dialog, "label_5");
+        QVERIFY(target->toolTip().contains(sandbox->path(u"all.json"_s)));
+        click("pushButton_3");
+        QCOMPARE(target->toolTip(), QString());
+    }
+
     void clearFilesForgetsTheTargetToo()
     {
         addFiles({u"a.json"_s, u"b.json"_s});

@@ -12,6 +12,8 @@
 #include <QDir>
 #include <QFile>
 #include <QIcon>
+#include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
@@ -77,6 +79,7 @@ private Q_SLOTS:
         dialogs->expectBox(QMessageBox::Critical, u"Error"_s,
                            "Invalid species type in file: "_L1 + sandbox->path(u"bad.json"_s));
         expectFailure();
+        expectCancel();
         QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
         QVERIFY(!QFile::exists(sandbox->path(u"all.json"_s)));
     }
@@ -86,7 +89,27 @@ private Q_SLOTS:
         QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
         expectCompilation(u"good.json"_s, u"out/all.json"_s);
         expectFailure();
+        expectCancel();
         QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
+    }
+
+    void dialogComesBackAsItWasAfterAFailure()
+    {
+        QVERIFY(QDir(sandbox->path()).mkdir(u"out"_s));
+        expectCompilation(u"good.json"_s, u"out/all.json"_s);
+        expectFailure();
+        dialogs->expect([this](QWidget& dialog) {
+            const auto* list = TestSupport::child<QListWidget>(dialog, "listWidget");
+            if (list->count() != 1 || list->item(0)->text() != u"good.json")
+                dialogs->complain(u"the list of files is forgotten"_s);
+            if (TestSupport::child<QLabel>(dialog, "label_5")->text() != u"all.json")
+                dialogs->complain(u"the target is forgotten"_s);
+            QDir(sandbox->path()).mkdir(u"out"_s);
+            close(dialog, QDialogButtonBox::Ok);
+        });
+        expectSuccess();
+        QCOMPARE(runDatabaseProgram(), EXIT_SUCCESS);
+        QVERIFY(QFile::exists(sandbox->path(u"out/all.json"_s)));
     }
 
     void missingFilesCanBeAddedAfterTheWarning()
@@ -158,6 +181,11 @@ private:
     {
         dialogs->expect([this](QWidget& dialog) { fillIn(dialog); });
         expectFiles(species, target);
+    }
+
+    void expectCancel()
+    {
+        dialogs->expect([](QWidget& dialog) { close(dialog, QDialogButtonBox::Cancel); });
     }
 
     void expectSuccess()

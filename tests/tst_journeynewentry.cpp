@@ -92,7 +92,7 @@ private:
         fillOn({{u"textEditAliases"_s, u"oxidane"_s}});
         press(Qt::Key_Return);
         type(u"dihydrogen oxide"_s);
-        fillOn({{u"lineEditMass"_s, u"18.0106"_s}, {u"lineEditSumFormula"_s, u"H2O"_s}});
+        fillOn({{u"lineEditMass"_s, u"18.0153"_s}, {u"lineEditSumFormula"_s, u"H2O"_s}});
         selectCharacter(1);
         press(Qt::Key_B, Qt::ControlModifier);
         fillOn({{u"lineEditInChI"_s, u"InChI=1S/H2O/h1H2"_s},
@@ -182,7 +182,7 @@ private:
     {
         const QJsonObject species{{u"Name"_s, u"water"_s},
                                   {u"Aliases"_s, u"oxidane<br>dihydrogen oxide"_s},
-                                  {u"Mass"_s, 18.0106},
+                                  {u"Mass"_s, 18.0153},
                                   {u"Formula"_s, u"H<sub>2</sub>O"_s},
                                   {u"InChI"_s, u"InChI=1S/H2O/h1H2"_s},
                                   {u"CAS"_s, u"7732-18-5"_s},

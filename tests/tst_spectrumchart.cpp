@@ -304,6 +304,18 @@ private Q_SLOTS:
         QCOMPARE(range(*window), (Range{0, 10, 0, 1000}));
     }
 
+    void emptiedPointsLeaveTheAxesWhereTheZoomHadThem()
+    {
+        const auto* window = show();
+        setPoints(*window, u"0 0\n10 100"_s);
+        zoomIn(*chartView(*window));
+        const Range zoomed = range(*window);
+        setPoints(*window, QString());
+        QCOMPARE(range(*window), zoomed);
+        setPoints(*window, u"20 5\n30 6"_s);
+        QCOMPARE(range(*window), (Range{20, 30, 5, 6}));
+    }
+
     void rightClickAfterAZoomShowsTodaysPoints()
     {
         const auto* window = show();

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMetaMethod>
 #include <QMouseEvent>
+#include <QRubberBand>
 #include <QTest>
 #include <QWindow>
 #include <QtCharts/QChart>
@@ -24,14 +25,14 @@ public:
     ShownChart(double lowestX, double highestX, double lowestY, double highestY)
     {
         auto* series = new QLineSeries;
-        auto* chart = new QChart;
+        auto newChart = std::make_unique<QChart>();
+        QChart* chart = newChart.get();
         chart->addSeries(series);
         chart->addAxis(x, Qt::AlignBottom);
         chart->addAxis(y, Qt::AlignLeft);
         series->attachAxis(x);
         series->attachAxis(y);
-        const std::unique_ptr<QChart> replaced(view.chart());
-        view.setChart(chart);
+        view.takeChart(std::move(newChart));
         view.setRubberBand(QChartView::RectangleRubberBand);
         x->setRange(lowestX, highestX);
         y->setRange(lowestY, highestY);
@@ -41,6 +42,13 @@ public:
     }
 
     [[nodiscard]] QLabel* readOut() const { return view.findChild<QLabel*>(); }
+
+    /// What the read-out has to say at a pixel of the view.
+    [[nodiscard]] QString valueAt(QPointF pixel) const
+    {
+        const QPointF value = view.chart()->mapToValue(pixel);
+        return u"h\u03bd: %1, I: %2"_s.arg(value.x(), 0, 'f', 4).arg(value.y(), 0, 'f', 2);
+    }
 
     /// Moves the mouse there, with no button down.
     void hover(QPoint pixel)
@@ -216,6 +224,98 @@ private Q_SLOTS:
         chart.view.resize(500, 350);
         QVERIFY(TestSupport::showActive(chart.view));
         QTRY_COMPARE(chart.view.chart()->size(), QSizeF(500, 350));
+    }
+
+    void slipOfTheMouseIsNoZoom_data()
+    {
+        QTest::addColumn<QPoint>("drag");
+        QTest::addColumn<bool>("zooms");
+        QTest::newRow("no way at all") << QPoint(0, 0) << false;
+        QTest::newRow("some pixels") << QPoint(3, 4) << false;
+        QTest::newRow("flat") << QPoint(60, 5) << false;
+        QTest::newRow("narrow") << QPoint(5, 60) << false;
+        QTest::newRow("backwards") << QPoint(-5, -60) << false;
+        QTest::newRow("just enough") << QPoint(10, 10) << true;
+    }
+    void slipOfTheMouseIsNoZoom()
+    {
+        QFETCH(const QPoint, drag);
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        const QPoint start(200, 150);
+        QTest::mousePress(chart.view.viewport(), Qt::LeftButton, {}, start);
+        QTest::mouseMove(chart.view.viewport(), start + drag);
+        QTest::mouseRelease(chart.view.viewport(), Qt::LeftButton, {}, start + drag);
+        QTEST(chart.view.chart()->isZoomed(), "zooms");
+        QCOMPARE(chart.x->max() < 200, chart.view.chart()->isZoomed());
+        const auto* band = chart.view.findChild<QRubberBand*>();
+        QVERIFY(band == nullptr || !band->isVisible());
+    }
+
+    void readOutTellsTheTruthAfterAZoomAndItsEnd()
+    {
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        QTest::mousePress(chart.view.viewport(), Qt::LeftButton, {}, {150, 100});
+        QTest::mouseMove(chart.view.viewport(), {250, 200});
+        QTest::mouseRelease(chart.view.viewport(), Qt::LeftButton, {}, {250, 200});
+        QCOMPARE(chart.readOut()->text(), chart.valueAt({250, 200}));
+        QTest::mouseClick(chart.view.viewport(), Qt::RightButton, {}, {250, 200});
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 150.0000, I: 50.00"_s);
+        chart.x->setRange(0, 100);
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 75.0000, I: 50.00"_s);
+    }
+
+    void arrowsMoveTheReadOut()
+    {
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        chart.view.setFocus();
+        QTest::keyClick(&chart.view, Qt::Key_Right);
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 101.0000, I: 100.00"_s);
+        QTest::keyClick(&chart.view, Qt::Key_Up);
+        QTest::keyClick(&chart.view, Qt::Key_Left, Qt::ShiftModifier);
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 91.0000, I: 101.00"_s);
+        for (int i = 0; i < 30; ++i)
+            QTest::keyClick(&chart.view, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(chart.readOut()->text(), u"h\u03bd: 91.0000, I: 0.00"_s);
+    }
+
+    void keysZoom_data()
+    {
+        QTest::addColumn<Qt::Key>("end");
+        QTest::newRow("0") << Qt::Key_0;
+        QTest::newRow("Escape") << Qt::Key_Escape;
+        QTest::newRow("minus") << Qt::Key_Minus;
+    }
+    void keysZoom()
+    {
+        QFETCH(const Qt::Key, end);
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        chart.view.setFocus();
+        QTest::keyClick(&chart.view, Qt::Key_Plus);
+        QCOMPARE(qRound(chart.x->max() - chart.x->min()), 100);
+        QTest::keyClick(&chart.view, Qt::Key_Plus);
+        QCOMPARE(qRound(chart.x->max() - chart.x->min()), 50);
+        QTest::keyClick(&chart.view, Qt::Key_Minus);
+        QCOMPARE(qRound(chart.x->max() - chart.x->min()), 100);
+        QTest::keyClick(&chart.view, end);
+        QVERIFY(!chart.view.chart()->isZoomed());
+        QCOMPARE(chart.x->min(), 0.0);
+        QCOMPARE(chart.x->max(), 200.0);
+        QTest::keyClick(&chart.view, Qt::Key_Minus);
+        QCOMPARE(chart.x->max(), 200.0);
+    }
+
+    void focusShows()
+    {
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        chart.view.clearFocus();
+        const QImage without = chart.view.grab().toImage();
+        chart.view.setFocus();
+        QVERIFY(chart.view.grab().toImage() != without);
     }
 
     void pressBesideTheChartDoesNothing_data()

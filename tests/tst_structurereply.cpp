@@ -280,6 +280,13 @@ private Q_SLOTS:
         QCOMPARE(storedPicture(), twoColours(QImage::Format_RGB32));
     }
 
+    void noReplyIsNoHarm()
+    {
+        loadEntryWithPicture();
+        arrive(nullptr);
+        verifyEntryIsUntouched();
+    }
+
     void failureAfterASuccessKeepsThePicture()
     {
         arrive(new ArrivedReply(encoded(twoColours(QImage::Format_RGB32), "PNG")));

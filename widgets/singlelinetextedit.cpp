@@ -3,10 +3,13 @@
 
 #include "widgets/singlelinetextedit.h"
 
+#include "support/tooltip.h"
 #include "widgets/darktext.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +25,10 @@ SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
     setStyleSheet(u"background-color: white; border: 1px solid gray; padding: 2px;"_s);
     setDarkText(*this);
     adjustHeight();
+    connect(this, &QTextEdit::textChanged, this, [this] {
+        if (!currentHint.isEmpty())
+            underline();
+    });
 }
 
 void SingleLineTextEdit::keyPressEvent(QKeyEvent* event)
@@ -42,6 +49,46 @@ void SingleLineTextEdit::insertFromMimeData(const QMimeData* source)
     line.replace(u'\r', u' ');
     textCursor().insertText(line);
     adjustHeight();
+    ensureCursorVisible();
+}
+
+void SingleLineTextEdit::setHint(const QString& hint)
+{
+    if (hint == currentHint)
+        return;
+    currentHint = hint;
+    underline();
+}
+
+void SingleLineTextEdit::underline()
+{
+    QList<ExtraSelection> marks;
+    if (!currentHint.isEmpty()) {
+        ExtraSelection all;
+        all.cursor = QTextCursor(document());
+        all.cursor.select(QTextCursor::Document);
+        all.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+        constexpr QRgb amber = 0xffb26b00; // seen on white, and not the red of an error
+        all.format.setUnderlineColor(QColor(amber));
+        marks.append(all);
+    }
+    setExtraSelections(marks);
+}
+
+QString SingleLineTextEdit::toolTipText() const
+{
+    if (!currentHint.isEmpty())
+        return currentHint;
+    const bool fits = document()->idealWidth() <= viewport()->width();
+    return fits ? toolTip() : ToolTip::plain(toPlainText());
+}
+
+bool SingleLineTextEdit::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return CleanTextEdit::viewportEvent(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipText(), this);
+    return true;
 }
 
 void SingleLineTextEdit::adjustHeight()

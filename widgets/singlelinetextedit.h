@@ -14,10 +14,20 @@ class SingleLineTextEdit : public CleanTextEdit
 public:
     explicit SingleLineTextEdit(QWidget* parent = nullptr);
 
+    /// Underlines the text quietly and says @p hint in the tool tip; an empty one ends that. The
+    /// content does not change.
+    void setHint(const QString& hint);
+    [[nodiscard]] QString hint() const { return currentHint; }
+
 protected:
+    bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
     void adjustHeight();
+    void underline();
+    [[nodiscard]] QString toolTipText() const;
+
+    QString currentHint;
 };

@@ -280,7 +280,7 @@ void ManualPictures::fillSpecies()
 {
     typeInto("lineEditSpecies", u"water"_s);
     typeInto("textEditAliases", u"oxidane\ndihydrogen oxide"_s);
-    typeInto("lineEditMass", u"18.0106"_s);
+    typeInto("lineEditMass", u"18.0153"_s);
     typeInto("lineEditSumFormula", u"H2O"_s);
     Visitor::selectCharacter(widget("lineEditSumFormula"), 1);
     visitor->trigger("actionSubscript");
