@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
 #include <QtCharts/QChart>
 #include <QtCharts/QLineSeries>
@@ -351,6 +352,17 @@ private Q_SLOTS:
         QTest::mouseClick(chart.view.viewport(), Qt::RightButton, {}, beside);
         QVERIFY(!chart.view.chart()->isZoomed());
         QCOMPARE(chart.x->max(), 200.0);
+    }
+
+    void wheelIsLeftToTheFormAround()
+    {
+        ShownChart chart(0, 200, 0, 200);
+        QVERIFY(chart.shown);
+        const QPointF place(200, 150);
+        QWheelEvent turn(place, chart.view.viewport()->mapToGlobal(place), {}, {0, -120},
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(chart.view.viewport(), &turn);
+        QVERIFY(!turn.isAccepted());
     }
 };
 
