@@ -4,6 +4,7 @@
 #include "entries/entriesprogram.h"
 
 #include "entries/checkcommand.h"
+#include "entries/exportcommand.h"
 
 #include <QCoreApplication>
 
@@ -22,6 +23,7 @@ struct Command
 
 constexpr std::array commands{
     Command{"check", "Say what a curator would object to.", runCheckCommand},
+    Command{"export", "Write datasets for other programs.", runExportCommand},
 };
 
 QString help()

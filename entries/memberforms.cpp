@@ -113,6 +113,53 @@ void appendDatabase(QList<PlacedObject>& objects, const QJsonObject& database)
 
 } // namespace
 
+QString nameOf(Kind kind)
+{
+    switch (kind) {
+    case Kind::Number:
+        return u"a number"_s;
+    case Kind::Bool:
+        return u"true or false"_s;
+    case Kind::SpectrumType:
+        return u"a number from 0 to 5"_s;
+    case Kind::Coordinates:
+        return u"an array of numbers"_s;
+    case Kind::PointObjects:
+        return u"an array of points"_s;
+    case Kind::Object:
+        return u"an object"_s;
+    case Kind::MarkedUpText:
+    case Kind::Text:
+    case Kind::Picture:
+    case Kind::Day:
+        break;
+    }
+    return u"a text in quotes"_s;
+}
+
+bool isOfKind(const QJsonValue& value, Kind kind)
+{
+    switch (kind) {
+    case Kind::Number:
+        return value.isDouble() || value.isNull();
+    case Kind::Bool:
+        return value.isBool();
+    case Kind::SpectrumType:
+        return value.isDouble();
+    case Kind::Coordinates:
+    case Kind::PointObjects:
+        return value.isArray();
+    case Kind::Object:
+        return value.isObject();
+    case Kind::MarkedUpText:
+    case Kind::Text:
+    case Kind::Picture:
+    case Kind::Day:
+        break;
+    }
+    return value.isString();
+}
+
 QList<PlacedObject> objectsOf(const EntryFile& file)
 {
     QList<PlacedObject> objects;

@@ -26,6 +26,12 @@ enum class Kind {
     Object
 };
 
+/// What to expect, in words: "a number".
+[[nodiscard]] QString nameOf(Kind kind);
+
+/// Whether a value is of that kind, by its type alone.
+[[nodiscard]] bool isOfKind(const QJsonValue& value, Kind kind);
+
 struct Member
 {
     QLatin1StringView key;

@@ -5,6 +5,7 @@
 
 #include "entries/energytext.h"
 #include "entries/jsonpointer.h"
+#include "entries/significantdigits.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -13,7 +14,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <functional>
 
@@ -63,25 +63,6 @@ QString number(double value)
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
-/// Whether six significant digits are enough to write the number down.
-bool isWrittenInSixDigits(double value)
-{
-    constexpr std::array<double, 23> powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                            1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                            1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    constexpr int digits = 6;
-    const double magnitude = std::abs(value);
-    if (magnitude == 0)
-        return true;
-    const int decimals = digits - 1 - int(std::floor(std::log10(magnitude)));
-    // Within these bounds the division is rounded as reading the decimals is.
-    if (decimals >= 0 && decimals < int(powers.size())) {
-        const double power = powers.at(size_t(decimals));
-        return std::round(magnitude * power) / power == magnitude;
-    }
-    return QString::number(magnitude, 'g', digits).toDouble() == magnitude;
-}
-
 struct Deviants
 {
     qsizetype first = -1;
@@ -100,11 +81,10 @@ QString ofSoMany(const Deviants& deviants, qsizetype all)
     return u" (%1 of %2)"_s.arg(deviants.count).arg(all);
 }
 
-/// The last day that has begun anywhere on earth.
+/// The last day that has begun anywhere on earth, which is up to 14 hours ahead.
 QDate latestToday()
 {
-    constexpr int mostHoursAhead = 14;
-    return QDateTime::currentDateTimeUtc().addSecs(qint64{mostHoursAhead} * 3600).date();
+    return QDateTime::currentDateTimeUtc().addSecs(14 * 3600).date();
 }
 
 QDate createdOn(const PlacedSpectrum& spectrum)
@@ -167,10 +147,9 @@ void pointsNull(const EntryFile& file, const Complain& complain)
 
 void fewPoints(const EntryFile& file, const Complain& complain)
 {
-    constexpr qsizetype least = 3;
     forEachSpectrum(file, [&](const PlacedSpectrum& spectrum) {
         const qsizetype count = spectrum.points.energies.size();
-        if (spectrum.points.complete && count < least) {
+        if (spectrum.points.complete && count < 3) {
             complain(placeOf(spectrum, "E"_L1),
                      u"The spectrum has %1 points; expected are at least 3."_s.arg(count));
         }
@@ -221,13 +200,11 @@ void energiesRepeat(const EntryFile& file, const Complain& complain)
 
 void energiesRange(const EntryFile& file, const Complain& complain)
 {
-    constexpr double lowest = 1;
-    constexpr double highest = 1500;
     forEachWithPoints(file, [&](const PlacedSpectrum& spectrum) {
         const QList<double>& energies = spectrum.points.energies;
         Deviants outside;
         for (qsizetype i = 0; i < energies.size(); ++i) {
-            if (energies.at(i) < lowest || energies.at(i) > highest)
+            if (energies.at(i) < 1 || energies.at(i) > 1500)
                 outside.take(i);
         }
         if (outside.count > 0) {
@@ -252,10 +229,9 @@ void noIntensity(const EntryFile& file, const Complain& complain)
 
 void evenLines(const EntryFile& file, const Complain& complain)
 {
-    constexpr qsizetype many = 1000;
     forEachWithPoints(file, [&](const PlacedSpectrum& spectrum) {
         const QList<double>& energies = spectrum.points.energies;
-        if (spectrum.record.value("LineSpectrum"_L1).toBool() && energies.size() >= many &&
+        if (spectrum.record.value("LineSpectrum"_L1).toBool() && energies.size() >= 1000 &&
             isEvenlySpaced(energies)) {
             complain(JsonPointer::member(spectrum.place, u"LineSpectrum"_s),
                      u"The line spectrum has %1 evenly spaced points, as a curve has."_s.arg(
@@ -268,17 +244,17 @@ void manyDigits(const EntryFile& file, const Complain& complain)
 {
     forEachWithPoints(file, [&](const PlacedSpectrum& spectrum) {
         const auto look = [&](QLatin1StringView axis, const QList<double>& numbers) {
-            Deviants long_;
+            Deviants deviants;
             for (qsizetype i = 0; i < numbers.size(); ++i) {
-                if (!isWrittenInSixDigits(numbers.at(i)))
-                    long_.take(i);
+                if (!SignificantDigits::areAtMostSix(numbers.at(i)))
+                    deviants.take(i);
             }
-            if (long_.count > 0) {
+            if (deviants.count > 0) {
                 complain(
-                    placeOf(spectrum, axis, long_.first),
+                    placeOf(spectrum, axis, deviants.first),
                     u"%1 has more than six significant digits, to which the editor rounds"_s.arg(
-                        number(numbers.at(long_.first))) +
-                        ofSoMany(long_, numbers.size()) + u'.');
+                        number(numbers.at(deviants.first))) +
+                        ofSoMany(deviants, numbers.size()) + u'.');
             }
         };
         look("E"_L1, spectrum.points.energies);
@@ -292,8 +268,7 @@ void doi(const EntryFile& file, const Complain& complain)
     forEachSpectrum(file, [&](const PlacedSpectrum& spectrum) {
         const QString text = spectrum.record.value("DOI"_L1).toString().trimmed();
         const QStringList parts = text.split(separator, Qt::SkipEmptyParts);
-        const bool good = Doi::isDoi(text) || std::all_of(parts.begin(), parts.end(), Doi::isDoi);
-        if (!good) {
+        if (!(Doi::isDoi(text) || std::all_of(parts.begin(), parts.end(), Doi::isDoi))) {
             complain(JsonPointer::member(spectrum.place, u"DOI"_s),
                      u"\"%1\" is no DOI; expected is the form 10.1234/abc."_s.arg(text));
         }

@@ -14,13 +14,15 @@
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+using MemberForms::isOfKind;
 using MemberForms::Kind;
 using MemberForms::Member;
+using MemberForms::nameOf;
 using MemberForms::PlacedObject;
 
 namespace {
 
-QString nameOf(const QJsonValue& value)
+QString kindOf(const QJsonValue& value)
 {
     switch (value.type()) {
     case QJsonValue::Null:
@@ -39,53 +41,6 @@ QString nameOf(const QJsonValue& value)
         break;
     }
     return u"nothing"_s;
-}
-
-QString nameOf(Kind kind)
-{
-    switch (kind) {
-    case Kind::Number:
-        return u"a number"_s;
-    case Kind::Bool:
-        return u"true or false"_s;
-    case Kind::SpectrumType:
-        return u"a number from 0 to 5"_s;
-    case Kind::Coordinates:
-        return u"an array of numbers"_s;
-    case Kind::PointObjects:
-        return u"an array of points"_s;
-    case Kind::Object:
-        return u"an object"_s;
-    case Kind::MarkedUpText:
-    case Kind::Text:
-    case Kind::Picture:
-    case Kind::Day:
-        break;
-    }
-    return u"a text in quotes"_s;
-}
-
-bool isOfKind(const QJsonValue& value, Kind kind)
-{
-    switch (kind) {
-    case Kind::Number:
-        return value.isDouble() || value.isNull();
-    case Kind::Bool:
-        return value.isBool();
-    case Kind::SpectrumType:
-        return value.isDouble();
-    case Kind::Coordinates:
-    case Kind::PointObjects:
-        return value.isArray();
-    case Kind::Object:
-        return value.isObject();
-    case Kind::MarkedUpText:
-    case Kind::Text:
-    case Kind::Picture:
-    case Kind::Day:
-        break;
-    }
-    return value.isString();
 }
 
 /// Whether an array's element is what the array is made of.
@@ -114,7 +69,7 @@ void lookIntoArray(const QString& place, const QJsonArray& array, Kind kind,
         kind == Kind::Coordinates ? u"a number"_s : u"an object of the numbers \"E\" and \"I\""_s;
     complain(JsonPointer::element(place, firstWrong),
              u"This is %1 instead of %2 (%3 of %4 elements)."_s
-                 .arg(nameOf(array.at(firstWrong)), expected)
+                 .arg(kindOf(array.at(firstWrong)), expected)
                  .arg(wrong)
                  .arg(array.size()));
 }
@@ -185,7 +140,7 @@ void unknownType(const EntryFile& file, const Complain& complain)
     if (type.isString())
         found = u"The type is \"%1\""_s.arg(type.toString());
     else if (!type.isUndefined())
-        found = u"The type is %1"_s.arg(nameOf(type));
+        found = u"The type is %1"_s.arg(kindOf(type));
     complain(type.isUndefined() ? QString() : u"/Type"_s,
              found + u"; expected is \"Species v1\", \"Spectrum v1\" or \"Database v1\"."_s);
 }
@@ -255,7 +210,7 @@ void wrongKind(const EntryFile& file, const Complain& complain)
 {
     forEachMember(file, [&](const QString& place, const QJsonValue& value, Kind kind) {
         if (!isOfKind(value, kind))
-            complain(place, u"This is %1 instead of %2."_s.arg(nameOf(value), nameOf(kind)));
+            complain(place, u"This is %1 instead of %2."_s.arg(kindOf(value), nameOf(kind)));
         else if (kind == Kind::Coordinates || kind == Kind::PointObjects)
             lookIntoArray(place, value.toArray(), kind, complain);
     });
@@ -265,7 +220,7 @@ void wrongKind(const EntryFile& file, const Complain& complain)
             if (placed.isNumberedKey != nullptr && placed.isNumberedKey(member.key()) &&
                 !member.value().isObject() && !isNamed(placed, member.key())) {
                 complain(JsonPointer::member(placed.place, member.key()),
-                         u"This is %1 instead of an object."_s.arg(nameOf(member.value())));
+                         u"This is %1 instead of an object."_s.arg(kindOf(member.value())));
             }
         }
     }
