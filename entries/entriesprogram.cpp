@@ -4,6 +4,7 @@
 #include "entries/entriesprogram.h"
 
 #include "entries/checkcommand.h"
+#include "entries/compilecommand.h"
 #include "entries/exportcommand.h"
 
 #include <QCoreApplication>
@@ -23,6 +24,7 @@ struct Command
 
 constexpr std::array commands{
     Command{"check", "Say what a curator would object to.", runCheckCommand},
+    Command{"compile", "Compile entries into one database file.", runCompileCommand},
     Command{"export", "Write datasets for other programs.", runExportCommand},
 };
 

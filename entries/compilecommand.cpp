@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "entries/compilecommand.h"
+
+#include "database/databasefile.h"
+#include "entries/checkreport.h"
+#include "entries/commandline.h"
+#include "entries/inputfiles.h"
+#include "entries/orderedwork.h"
+#include "entries/rules.h"
+#include "support/jsonfile.h"
+#include "support/wholefile.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Those of the dialog.
+constexpr QLatin1StringView defaultVersion("1.0");
+constexpr QLatin1StringView defaultRelease("3.0");
+constexpr QLatin1StringView defaultTitle("KORVELA reference database of photoionisation spectra");
+
+void addOptions(CommandLine& line)
+{
+    line.addValue(u"output"_s, u"FILE"_s, u"The database file; an existing one is replaced."_s);
+    line.addFlag(u"compact"_s, u"Leave out indentation and line ends."_s);
+    line.addValue(u"database-version"_s, u"V"_s, u"Version of the database; 1.0 if not given."_s,
+                  defaultVersion);
+    line.addValue(u"release"_s, u"R"_s, u"Data release; 3.0 if not given."_s, defaultRelease);
+    line.addValue(u"title"_s, u"T"_s, u"Title of the database."_s, defaultTitle);
+    line.addFlag(u"check"_s, u"Refuse to compile entries with errors (see check)."_s);
+}
+
+/// Whether the entries have no errors; those that they have are told.
+bool areGood(const QStringList& paths, Console& console)
+{
+    bool good = true;
+    OrderedWork<QList<Finding>>::run(
+        paths.size(),
+        [&paths](qsizetype i) { return Rules::judge(EntryFiles::read(paths.at(i)), {}); },
+        [&](qsizetype i, QList<Finding>& findings) {
+            for (const Finding& finding : std::as_const(findings)) {
+                if (finding.severity != Severity::Error)
+                    continue;
+                good = false;
+                console.print(CheckReport::line(finding, console.hasColours()));
+            }
+            console.showProgress(i + 1, paths.size());
+            return true;
+        });
+    return good;
+}
+
+/// The entry at that path; nothing when it is none, which is told in the words of the dialog.
+std::optional<QJsonObject> read(const QString& path, Console& console)
+{
+    const JsonFile::ReadResult file = JsonFile::read(path);
+    if (JsonFile::isOfType(file.object, "Species v1"_L1))
+        return file.object;
+    console.complain(
+        (file.opened ? u"Invalid species type in file: "_s : u"Could not open file: "_s) + path);
+    return {};
+}
+
+ExitCode compile(const QStringList& paths, const QString& target,
+                 const DatabaseFile::Header& header, QJsonDocument::JsonFormat format,
+                 Console& console)
+{
+    WholeFile database(target);
+    qsizetype done = 0;
+    const bool assembled = DatabaseFile::assemble(
+        header, paths.size(),
+        [&](qsizetype i) {
+            console.showProgress(++done, paths.size());
+            return read(paths.at(i), console);
+        },
+        format, [&database](const QByteArray& piece) { database.write(piece); });
+    if (!assembled)
+        return ExitCode::Failed;
+    if (database.commit() == WholeFile::Result::Written)
+        return ExitCode::Good;
+    console.complain(u"%1 cannot be written."_s.arg(target));
+    return ExitCode::Failed;
+}
+
+} // namespace
+
+ExitCode runCompileCommand(const QStringList& arguments, Console& console)
+{
+    CommandLine line(console, u"compile --output FILE [OPTION]... FILE|FOLDER..."_s,
+                     u"Compile entries into one database file."_s);
+    addOptions(line);
+    if (const auto done = line.read(arguments))
+        return *done;
+    if (line.value(u"output"_s).isEmpty())
+        return line.refuse(u"Where shall I save the database to? (--output)"_s);
+    if (line.files().isEmpty())
+        return line.refuse(u"At least one species has to be added to the database."_s);
+
+    const InputFiles inputs = InputFiles::named(line.files());
+    for (const QString& folder : inputs.emptyFolders)
+        console.complain(u"No JSON files in the folder %1"_s.arg(folder));
+    if (!inputs.emptyFolders.isEmpty())
+        return ExitCode::Failed;
+    if (line.isSet(u"check"_s) && !areGood(inputs.paths, console)) {
+        console.complain(u"The entries have errors; nothing was compiled."_s);
+        return console.flush() ? ExitCode::Findings : ExitCode::Failed;
+    }
+    const DatabaseFile::Header header{line.value(u"database-version"_s), line.value(u"release"_s),
+                                      line.value(u"title"_s), QDate::currentDate()};
+    const auto format = line.isSet(u"compact"_s) ? QJsonDocument::Compact : QJsonDocument::Indented;
+    const ExitCode code = compile(inputs.paths, line.value(u"output"_s), header, format, console);
+    return console.flush() ? code : ExitCode::Failed;
+}
