@@ -3,7 +3,6 @@
 
 #include "support/cleanedhtml.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -16,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QLatin1StringView lineBreak("<br>");
+constexpr std::array keptNames{"sub"_L1, "sup"_L1, "br"_L1};
 
 QString raisedOrLowered(const QString& text, QTextCharFormat::VerticalAlignment alignment)
 {
@@ -43,9 +43,26 @@ bool isAsciiLetter(QChar c)
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
+/// What the expression "\w" means when it knows nothing of Unicode.
+bool isWordCharacter(QChar c)
+{
+    return isAsciiLetter(c) || (c >= u'0' && c <= u'9') || c == u'_';
+}
+
 bool canFollowTagOpening(QChar c)
 {
     return isAsciiLetter(c) || c == u'/' || c == u'!' || c == u'?';
+}
+
+/// Whether what follows a "<" makes it one of the three markups, opening or closing.
+bool isKeptTag(QStringView tag)
+{
+    if (tag.startsWith(u'/'))
+        tag = tag.sliced(1);
+    return std::any_of(keptNames.begin(), keptNames.end(), [tag](QLatin1StringView name) {
+        return tag.startsWith(name) &&
+               (tag.size() == name.size() || !isWordCharacter(tag.at(name.size())));
+    });
 }
 
 /// Says which tags of a text may reach the HTML reader, whose time grows exponentially with nested
@@ -122,8 +139,27 @@ QString fromDocument(const QTextDocument& document)
 
 QString withoutForeignTags(const QString& html)
 {
-    static const QRegularExpression foreignTag(u"<(?!/?(sub|sup|br)\\b)[^>]*>"_s);
-    return QString(html).remove(foreignTag);
+    // What the defining expression, <(?!/?(sub|sup|br)\b)[^>]*>, finds, without its quadratic time
+    // where many "<" have no ">". It finds nothing at all in text that is not valid.
+    qsizetype opening = html.indexOf(u'<');
+    if (opening < 0 || !html.isValidUtf16())
+        return html;
+    QString kept;
+    qsizetype keptUntil = 0;
+    qsizetype closing = -1;
+    while (opening >= 0) {
+        if (closing < opening)
+            closing = html.indexOf(u'>', opening);
+        if (closing < 0)
+            break;
+        qsizetype next = opening + 1;
+        if (!isKeptTag(QStringView(html).sliced(next))) {
+            kept += QStringView(html).sliced(keptUntil, opening - keptUntil);
+            keptUntil = next = closing + 1;
+        }
+        opening = html.indexOf(u'<', next);
+    }
+    return keptUntil == 0 ? html : kept + QStringView(html).sliced(keptUntil);
 }
 
 QString forHtmlReader(const QString& html)

@@ -4,6 +4,8 @@
 #include "support/cleanedhtml.h"
 #include "tests/support/traps.h"
 
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -197,6 +199,51 @@ private Q_SLOTS:
     {
         QFETCH(const QString, text);
         QTEST(CleanedHtml::withoutForeignTags(text), "filtered");
+    }
+
+    void filterAgreesWithTheExpressionThatDefinesIt()
+    {
+        static const QRegularExpression foreignTag(u"<(?!/?(sub|sup|br)\\b)[^>]*>"_s);
+        QStringList pieces =
+            u"< < > > / sub sup br BR b r _ 1 - = é ß Ж 水 \u0301 \u00a0 \u2028 😀"_s.split(u' ');
+        pieces << u" "_s << u"\n"_s << u"\r\n"_s << QString(QChar(u'\0')) << u"</br>"_s
+               << u"<sub"_s;
+        const QStringList unpaired{QString(QChar(0xd83d)), QString(QChar(0xde00))};
+        QRandomGenerator random(20261122);
+        for (int i = 0; i < 20'000; ++i) {
+            QString text;
+            const int length = random.bounded(24);
+            for (int j = 0; j < length; ++j)
+                text += pieces.at(random.bounded(static_cast<int>(pieces.size())));
+            if (i % 10 == 0)
+                text.insert(random.bounded(length + 1), unpaired.at(random.bounded(2)));
+            QCOMPARE(CleanedHtml::withoutForeignTags(text), QString(text).remove(foreignTag));
+        }
+    }
+
+    void filterIsLinearInTheLengthOfItsText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("filtered");
+        constexpr int times = 1'000'000;
+        const auto stays = [](const char* name, const QString& text) {
+            QTest::newRow(name) << text << text;
+        };
+        stays("less-thans that nothing closes", repeated("<", times));
+        stays("kept tags that nothing closes", repeated("<sub", times));
+        stays("kept tags closed at the very end", repeated("<sub ", times) + u'>');
+        stays("greater-thans", repeated(">", times));
+        QTest::newRow("closed at the very end")
+            << QString(repeated("<", times) + u'>') << QString();
+        QTest::newRow("closed each") << repeated("<b>a", times) << repeated("a", times);
+    }
+
+    void filterIsLinearInTheLengthOfItsText()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, filtered);
+        const Deadline deadline;
+        QVERIFY(CleanedHtml::withoutForeignTags(text) == filtered);
     }
 
     void readerGetsTextWithoutBareLessThanUntouched_data()
