@@ -41,3 +41,20 @@ function(korvela_add_console_program name source)
         target_link_options(${name} PRIVATE LINKER:-z,relro,-z,now LINKER:--as-needed)
     endif()
 endfunction()
+
+# korvela_add_helper(<name> <source>)
+#
+# Makes a program that people never start: the other programs find it in KORVELA_LIBEXEC_FOLDER of the
+# installation, or of the build.
+include(GNUInstallDirs)
+set(KORVELA_LIBEXEC_FOLDER "${CMAKE_INSTALL_LIBEXECDIR}/korvela-entry-edit")
+function(korvela_add_helper name source)
+    add_executable(${name} ${source})
+    target_link_libraries(${name} PRIVATE korvela_options)
+    set_target_properties(
+        ${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/${KORVELA_LIBEXEC_FOLDER}"
+    )
+    if(UNIX AND NOT APPLE)
+        target_link_options(${name} PRIVATE LINKER:-z,relro,-z,now LINKER:--as-needed)
+    endif()
+endfunction()

@@ -3,16 +3,22 @@
 
 #include "species/structurepicture.h"
 
-#include "species/vectordrawing.h"
+#include "species/picturelimits.h"
+#include "species/pictureprocess.h"
+#include "species/pngchunks.h"
 
 #include <QBuffer>
 #include <QImageReader>
 
 namespace {
 
-/// Pictures of 6000 x 6000 pixels are read, at 16 bits a colour, too: what could be pasted has to
-/// be there when the entry is opened again.
-constexpr int mostMebibytes = 280;
+QImage fromPng(QByteArray png)
+{
+    PictureLimits::limitAllocations();
+    QBuffer buffer(&png);
+    QImageReader reader(&buffer, "png");
+    return PictureLimits::admit(reader.size()) ? reader.read() : QImage();
+}
 
 } // namespace
 
@@ -34,16 +40,20 @@ QImage fromBase64(const QString& text)
 
 QImage decode(const QByteArray& bytes)
 {
-    QImageReader::setAllocationLimit(mostMebibytes);
+    if (PngChunks::isPng(bytes))
+        return fromPng(PngChunks::withoutNeedless(bytes));
     QByteArray data = bytes;
     QBuffer buffer(&data);
     buffer.open(QIODevice::ReadOnly);
-    const QByteArray format = QImageReader(&buffer).format();
-    if (!format.startsWith("svg"))
-        return QImage::fromData(bytes);
+    if (QImageReader::imageFormat(&buffer).isEmpty())
+        return {};
+    const QByteArray png = PictureProcess::toPng(bytes);
+    return png.isEmpty() ? QImage() : fromPng(png);
+}
 
-    const auto pixelsOf = [](const QString& base64) { return toBase64Png(fromBase64(base64)); };
-    return QImage::fromData(VectorDrawing::selfContained(bytes, pixelsOf));
+bool isAdmitted(const QImage& image)
+{
+    return PictureLimits::admit(image.size());
 }
 
 } // namespace StructurePicture

@@ -16,8 +16,11 @@ namespace StructurePicture {
 [[nodiscard]] QImage fromBase64(const QString& text);
 
 /// Decodes the bytes of an image file, recognising the format from the data; null when they are no
-/// image. A vector drawing is relieved of everything that names another file first, so that a
-/// picture never makes the program read anything but the picture.
+/// image, or one that is not admitted. A PNG file, which is what entries hold, is decoded here; any
+/// other one in a process of its own whose time and memory are limited.
 [[nodiscard]] QImage decode(const QByteArray& bytes);
+
+/// Whether the image has no more pixels than decode() reads, so that it can be read again.
+[[nodiscard]] bool isAdmitted(const QImage& image);
 
 } // namespace StructurePicture

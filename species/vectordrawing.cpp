@@ -97,6 +97,11 @@ QByteArray selfContained(const QByteArray& drawing, const PixelsOf& pixelsOf)
         case QXmlStreamReader::EndElement:
             writer.writeEndElement();
             break;
+        case QXmlStreamReader::DTD:
+            // Entities can make megabytes of a few bytes.
+            if (reader.text().contains(u'['))
+                return {};
+            break;
         case QXmlStreamReader::Characters:
             writer.writeCharacters(reader.text().toString());
             break;

@@ -15,10 +15,10 @@ namespace VectorDrawing {
 using PixelsOf = std::function<QString(const QString& base64)>;
 
 /// The drawing without anything that names another file or address: processing instructions, the
-/// document type with its entities (expanded first), and every reference that neither points into
+/// name of the document type, and every reference that neither points into
 /// the drawing nor carries a picture itself. Carried pictures are replaced by what @p pixelsOf
 /// makes of them. Compressed drawings (svgz) are accepted. Empty when @p drawing is not
-/// well-formed.
+/// well-formed, and when it declares anything of its document type, entities above all.
 [[nodiscard]] QByteArray selfContained(const QByteArray& drawing, const PixelsOf& pixelsOf);
 
 } // namespace VectorDrawing

@@ -1,15 +1,24 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "species/picturelimits.h"
+#include "species/pngchunks.h"
 #include "species/structurepicture.h"
+#include "tests/support/compression.h"
+#include "tests/support/dearfiles.h"
 #include "tests/support/sandboxtest.h"
 #include "tests/support/traps.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QImageReader>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using TestSupport::gzipped;
 
 namespace {
 
@@ -41,26 +50,6 @@ QByteArray drawing(const QByteArray& content = {}, const QByteArray& prolog = {}
            "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\""
            " width=\"20\" height=\"10\"><rect width=\"20\" height=\"10\" fill=\"#00ff00\"/>" +
            content + "</svg>";
-}
-
-QByteArray compressed(const QByteArray& bytes)
-{
-    // qCompress writes a length and a zlib stream; gzip frames the deflate data inside otherwise.
-    const QByteArray deflated = qCompress(bytes).sliced(6).chopped(4);
-    quint32 checksum = 0xffffffffU;
-    for (const char byte : bytes) {
-        checksum ^= static_cast<quint8>(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            checksum = (checksum >> 1U) ^ ((checksum & 1U) != 0 ? 0xedb88320U : 0U);
-    }
-    const auto littleEndian = [](quint32 number) {
-        QByteArray result;
-        for (unsigned shift = 0; shift < 32; shift += 8)
-            result.append(static_cast<char>((number >> shift) & 0xffU));
-        return result;
-    };
-    return QByteArray("\x1f\x8b\x08\0\0\0\0\0\0\x03", 10) + deflated + littleEndian(~checksum) +
-           littleEndian(static_cast<quint32>(bytes.size()));
 }
 
 bool isGreen(const QImage& image, int x = 10, int y = 5)
@@ -163,13 +152,10 @@ private Q_SLOTS:
         QTest::newRow("with comments") << drawing("<!-- note -->", "<!-- made by hand -->");
         QTest::newRow("with character data")
             << drawing("<style><![CDATA[ .a { fill: #00ff00 } ]]></style><title>a &amp; b</title>");
-        QTest::newRow("with an entity of its own")
-            << drawing("<rect width=\"20\" height=\"10\" fill=\"&green;\"/>",
-                       "<!DOCTYPE svg [<!ENTITY green \"#00ff00\">]>");
         QTest::newRow("with a reference into itself")
             << drawing("<defs><rect id=\"r\" width=\"20\" height=\"10\" fill=\"#00ff00\"/></defs>"
                        "<use xlink:href=\"#r\"/>");
-        QTest::newRow("compressed") << compressed(drawing());
+        QTest::newRow("compressed") << gzipped(drawing());
     }
 
     void drawingsAreRead()
@@ -213,7 +199,7 @@ private Q_SLOTS:
         QTest::newRow("both") << image("href=\"PATH\" xlink:href=\"PATH\"");
         QTest::newRow("blanks around") << image("xlink:href=\" PATH \"");
         QTest::newRow("single quotes") << image("xlink:href='PATH'");
-        QTest::newRow("compressed") << compressed(image("xlink:href=\"PATH\""));
+        QTest::newRow("compressed") << gzipped(image("xlink:href=\"PATH\""));
         QTest::newRow("no namespaces")
             << QByteArray("<svg width=\"20\" height=\"10\"><image width=\"20\" height=\"10\""
                           " xlink:href=\"PATH\"/></svg>");
@@ -239,7 +225,7 @@ private Q_SLOTS:
 
         const QByteArray inner = image("xlink:href=\"PATH\"");
         QTest::newRow("drawing inside") << QByteArray("NESTED") + inner;
-        QTest::newRow("compressed drawing inside") << QByteArray("NESTED") + compressed(inner);
+        QTest::newRow("compressed drawing inside") << QByteArray("NESTED") + gzipped(inner);
     }
 
     void drawingOpensNoOtherFile()
@@ -258,8 +244,8 @@ private Q_SLOTS:
             pattern.remove(0, 6);
         QByteArray bytes = pattern;
         if (pattern.startsWith("\x1f\x8b"))
-            bytes = compressed(
-                fillIn(drawing("<image width=\"20\" height=\"10\" xlink:href=\"PATH\"/>")));
+            bytes =
+                gzipped(fillIn(drawing("<image width=\"20\" height=\"10\" xlink:href=\"PATH\"/>")));
         else
             bytes = fillIn(pattern);
         if (nested) {
@@ -294,10 +280,13 @@ private Q_SLOTS:
         QTest::newRow("truncated drawing") << drawing().chopped(8);
         QTest::newRow("drawing that is not well-formed") << drawing("<g></svg>");
         QTest::newRow("drawing with an undefined entity") << drawing("&nothing;");
-        QTest::newRow("truncated compressed drawing") << compressed(drawing()).left(40);
-        QTest::newRow("compressed text") << compressed("no drawing");
+        QTest::newRow("truncated compressed drawing") << gzipped(drawing()).left(40);
+        QTest::newRow("compressed text") << gzipped("no drawing");
         QTest::newRow("compressed nothing") << QByteArray("\x1f\x8b\x08\0", 4);
         QTest::newRow("other XML") << QByteArray("<?xml version=\"1.0\"?><a><b/></a>");
+        QTest::newRow("with an entity of its own")
+            << drawing("<rect width=\"20\" height=\"10\" fill=\"&green;\"/>",
+                       "<!DOCTYPE svg [<!ENTITY green \"#00ff00\">]>");
         QTest::newRow("entities that multiply") << drawing(
             "<text>&e9;</text>", "<!DOCTYPE svg [<!ENTITY e0 \"aaaaaaaaaa\">"
                                  "<!ENTITY e1 \"&e0;&e0;&e0;&e0;&e0;&e0;&e0;&e0;&e0;&e0;\">"
@@ -307,7 +296,7 @@ private Q_SLOTS:
                                  "<!ENTITY e5 \"&e4;&e4;&e4;&e4;&e4;&e4;&e4;&e4;&e4;&e4;\">"
                                  "<!ENTITY e9 \"&e5;&e5;&e5;&e5;&e5;&e5;&e5;&e5;&e5;&e5;\">]>");
         QTest::newRow("expands beyond all bounds")
-            << compressed(drawing("<!--" + QByteArray(17 * 1024 * 1024, 'a') + "-->"));
+            << gzipped(drawing("<!--" + QByteArray(17 * 1024 * 1024, 'a') + "-->"));
     }
 
     void unreadableBytesGiveNoImage()
@@ -334,6 +323,114 @@ private Q_SLOTS:
         const QImage again = StructurePicture::fromBase64(StructurePicture::toBase64Png(picture));
         QCOMPARE(again.size(), picture.size());
         QCOMPARE(again.pixelColor(5999, 5999), picture.pixelColor(5999, 5999));
+    }
+
+    void needlessChunksAreLeftOut_data()
+    {
+        QTest::addColumn<QByteArray>("chunk");
+        QTest::addColumn<bool>("needed");
+        const auto row = [](const char* type, bool needed) {
+            QTest::newRow(type) << QByteArray(type) << needed;
+        };
+        for (const char* type : {"tEXt", "zTXt", "iTXt", "eXIf", "acTL", "bKGD", "abCD"})
+            row(type, false);
+        for (const char* type : {"tRNS", "gAMA", "cHRM", "sRGB", "pHYs", "iCCP", "ABCD"})
+            row(type, true);
+    }
+
+    void needlessChunksAreLeftOut()
+    {
+        QFETCH(const QByteArray, chunk);
+        QFETCH(const bool, needed);
+        const QByteArray whole = encoded(picture(), "PNG");
+        QCOMPARE(PngChunks::withoutNeedless(whole), whole);
+        constexpr qsizetype headerSize = 33;
+        QByteArray more = whole;
+        more.insert(headerSize, QByteArray("\0\0\0\2", 4) + chunk + "xy" + "sum.");
+        QCOMPARE(PngChunks::withoutNeedless(more), needed ? more : whole);
+        QByteArray cutOff = whole;
+        cutOff.insert(headerSize, QByteArray("\xff\0\0\2", 4) + chunk);
+        QCOMPARE(PngChunks::withoutNeedless(cutOff), cutOff);
+    }
+
+    void onlyOneColourProfileIsKept()
+    {
+        constexpr qsizetype headerSize = 33;
+        const QByteArray chunk = QByteArray("\0\0\0\2", 4) + "iCCPxysum.";
+        const QByteArray whole = encoded(picture(), "PNG");
+        QByteArray three = whole;
+        three.insert(headerSize, chunk.repeated(3));
+        QByteArray one = whole;
+        one.insert(headerSize, chunk);
+        QCOMPARE(PngChunks::withoutNeedless(three), one);
+    }
+
+    void dearPicturesStayWithinTheirBudget_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        for (const auto& family : DearFiles::pixelPictures() + DearFiles::drawings()) {
+            static const QList<QByteArray> shown{"drawing/long entity", "drawing/drawings inside",
+                                                 "pixels/compressed texts",
+                                                 "pixels/repeated scans"};
+            if (shown.contains(family.name))
+                QTest::newRow(family.name) << family.make(family.size);
+        }
+    }
+
+    /// Each of them used to take minutes or gigabytes.
+    void dearPicturesStayWithinTheirBudget()
+    {
+        QFETCH(const QByteArray, file);
+        const Deadline deadline;
+        const QJsonObject species =
+            QJsonDocument::fromJson(file).object().value(u"Species"_s).toObject();
+        const QImage image =
+            StructurePicture::fromBase64(species.value(u"StructuralFormula"_s).toString());
+        QVERIFY(StructurePicture::isAdmitted(image));
+    }
+
+    void largeDrawingIsDrawnSmaller()
+    {
+        const QImage image = StructurePicture::decode(
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"8000\" height=\"4000\">"
+            "<rect width=\"8000\" height=\"4000\" fill=\"#00ff00\"/></svg>");
+        QCOMPARE(image.size(), QSize(2000, 1000));
+        QVERIFY(isGreen(image, 1990, 990));
+    }
+
+    void pictureBeyondTheBoundIsNoneInAnyFormat_data()
+    {
+        QTest::addColumn<QByteArray>("format");
+        QTest::newRow("PNG") << QByteArray("PNG");
+        QTest::newRow("JPEG") << QByteArray("JPEG");
+        QTest::newRow("BMP") << QByteArray("BMP");
+    }
+
+    void pictureBeyondTheBoundIsNoneInAnyFormat()
+    {
+        QFETCH(const QByteArray, format);
+        constexpr int side = 6000;
+        QImage image(side, side, QImage::Format_Grayscale8);
+        image.fill(Qt::white);
+        QVERIFY(StructurePicture::isAdmitted(image));
+        QCOMPARE(StructurePicture::decode(encoded(image, format.constData())).size(), image.size());
+        constexpr auto rows = static_cast<int>(PictureLimits::mostPixels / side + 1);
+        image = QImage(side, rows, QImage::Format_Grayscale8);
+        image.fill(Qt::white);
+        QVERIFY(!StructurePicture::isAdmitted(image));
+        QVERIFY(StructurePicture::decode(encoded(image, format.constData())).isNull());
+    }
+
+    void onlyPngIsReadWithoutTheProgramForTheOthers()
+    {
+        const QString alone = sandbox->path(u"alone"_s);
+        QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), alone));
+        const auto passes = [&alone](const QString& function) {
+            return QProcess::execute(alone, {u"-o"_s, u"/dev/null,txt"_s, function}) == 0;
+        };
+        QVERIFY(passes(u"pngIsWrittenInBase64"_s));
+        QVERIFY(passes(u"unreadableBytesGiveNoImage"_s));
+        QVERIFY(!passes(u"drawingsAreRead:bare"_s));
     }
 
     void absurdlyLargePicturesAreRefused_data()
