@@ -12,6 +12,7 @@
 #include "ui_mainwindow.h"
 
 #include <QNetworkAccessManager>
+#include <QNetworkCookieJar>
 #include <QNetworkReply>
 #include <QScopeGuard>
 
@@ -24,6 +25,21 @@ namespace {
 
 /// No structure drawing is that large; an answer that never ends would fill the memory.
 constexpr qint64 mostBytes = qint64{32} * 1024 * 1024;
+
+bool isDownloading(const QNetworkAccessManager& manager)
+{
+    const QList<QNetworkReply*> replies = manager.findChildren<QNetworkReply*>();
+    return std::any_of(replies.begin(), replies.end(), std::mem_fn(&QNetworkReply::isRunning));
+}
+
+/// Drops connections, credentials and cookies, unless a download still needs them.
+void forgetDownloads(QNetworkAccessManager& manager)
+{
+    if (isDownloading(manager))
+        return;
+    manager.clearAccessCache();
+    manager.setCookieJar(new QNetworkCookieJar);
+}
 
 } // namespace
 
@@ -51,6 +67,7 @@ void MainWindow::onImageDownloaded(QNetworkReply* reply)
         return; // whoever invokes the slot by name may have none
     const auto release = qScopeGuard([reply] { reply->deleteLater(); });
     showWhetherDownloading();
+    forgetDownloads(*networkManager);
     // The end can come before the next report of progress, so the size is looked at once more.
     if (reply->error() != QNetworkReply::NoError || reply->bytesAvailable() > mostBytes) {
         Messages::critical(this, tr("Download Failed"), tr("Failed to download the image."));
@@ -67,8 +84,7 @@ void MainWindow::onImageDownloaded(QNetworkReply* reply)
 
 void MainWindow::showWhetherDownloading()
 {
-    const QList<QNetworkReply*> replies = networkManager->findChildren<QNetworkReply*>();
-    if (std::any_of(replies.begin(), replies.end(), std::mem_fn(&QNetworkReply::isRunning)))
+    if (isDownloading(*networkManager))
         ui->buttonDownload->setCursor(Qt::BusyCursor);
     else
         ui->buttonDownload->unsetCursor();

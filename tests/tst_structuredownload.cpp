@@ -106,6 +106,20 @@ private Q_SLOTS:
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - caffeine.json"_s);
     }
 
+    void nothingIsKeptBetweenDownloads()
+    {
+        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        typeCasNumber(u"58-08-2"_s);
+        for (int download = 1; download <= 3; ++download) {
+            clickDownload();
+            QVERIFY(finishDownload());
+            QCOMPARE(host->tunnels().size(), download); // no connection
+            QCOMPARE(host->cookies(), QByteArrayList());
+        }
+        QCOMPARE(host->requests().size(), 3);
+        QCOMPARE(storedPicture(), plainPicture(Qt::red));
+    }
+
     void casNumbersInAnyDressAreAccepted_data()
     {
         QTest::addColumn<QString>("html");

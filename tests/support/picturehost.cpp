@@ -111,6 +111,8 @@ void PictureHost::readRequest(QSslSocket& client)
         const qsizetype colon = line.indexOf(':'); // the case of names is the toolkit's affair
         if (colon > 0 && line.first(colon).compare("Host", Qt::CaseInsensitive) == 0)
             host = line.mid(colon + 1).trimmed();
+        if (colon > 0 && line.first(colon).compare("Cookie", Qt::CaseInsensitive) == 0)
+            seenCookies.append(line.mid(colon + 1).trimmed());
     }
     seenRequests.append(head.constFirst() + " @" + host);
 
@@ -149,7 +151,8 @@ void PictureHost::answer(QSslSocket& client, const QByteArray& target)
     const bool known = bodies.contains(target);
     const QByteArray body = known ? bodies.value(target) : QByteArray("<html>Not found</html>");
     client.write(known ? "HTTP/1.1 200 OK\r\n" : "HTTP/1.1 404 Not Found\r\n");
-    client.write("Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
+    client.write("Set-Cookie: visit=" + QByteArray::number(seenRequests.size()) +
+                 "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
     client.flush();
 }
 

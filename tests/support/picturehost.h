@@ -45,6 +45,8 @@ public:
     [[nodiscard]] QByteArrayList tunnels() const { return openedTunnels; }
     /// First line and Host header, as "GET target HTTP/1.1 @host", of every request.
     [[nodiscard]] QByteArrayList requests() const { return seenRequests; }
+    /// The Cookie header of every request that had one. Every answer sets a cookie.
+    [[nodiscard]] QByteArrayList cookies() const { return seenCookies; }
 
 protected:
     void incomingConnection(qintptr descriptor) override;
@@ -62,6 +64,7 @@ private:
     QHash<QByteArray, QSslSocket*> held;
     QByteArrayList openedTunnels;
     QByteArrayList seenRequests;
+    QByteArrayList seenCookies;
 };
 
 /// While it lives, the program trusts the certificate of PictureHost and no other.
