@@ -9,6 +9,7 @@
 #include "species/structureimagerequest.h"
 #include "species/structurepicture.h"
 #include "support/messages.h"
+#include "support/waitcursor.h"
 #include "ui_mainwindow.h"
 
 #include <QNetworkAccessManager>
@@ -73,6 +74,7 @@ void MainWindow::onImageDownloaded(QNetworkReply* reply)
         Messages::critical(this, tr("Download Failed"), tr("Failed to download the image."));
         return;
     }
+    const WaitCursor waiting;
     // Through a pixmap, so that the record holds the picture in the screen's own pixel format.
     const QPixmap picture = QPixmap::fromImage(StructurePicture::decode(reply->readAll()));
     if (picture.isNull()) {

@@ -5,6 +5,7 @@
 
 #include "app/mainwindow.h"
 #include "species/speciesmodel.h"
+#include "species/structurepicture.h"
 #include "support/messages.h"
 #include "ui_mainwindow.h"
 
@@ -48,7 +49,7 @@ void MainWindow::clearImage()
 void MainWindow::pasteImageFromClipboard()
 {
     const QImage image = QGuiApplication::clipboard()->image();
-    if (image.isNull()) {
+    if (image.isNull() || !StructurePicture::isAdmitted(image)) {
         Messages::warning(this, tr("No Image"), tr("The clipboard does not contain an image."));
         return;
     }

@@ -200,6 +200,21 @@ private Q_SLOTS:
         verifyUnmodified();
     }
 
+    void imageThatCouldNotBeReadAgainIsNotPasted()
+    {
+        loadEntryWith(picture(40, 30));
+        QImage large(6000, 6200, QImage::Format_Mono);
+        large.fill(0);
+        QGuiApplication::clipboard()->setImage(large);
+        chooseFromNextMenu(pasteEntry);
+        dialogs->expectBox(QMessageBox::Warning, u"No Image"_s,
+                           u"The clipboard does not contain an image."_s);
+        requestMenu({10, 10});
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QCOMPARE(storedImage(), picture(40, 30));
+        verifyUnmodified();
+    }
+
     void wideImageIsShrunkToTheWidthOfTheLabel()
     {
         const int width = label().width();
