@@ -3,6 +3,8 @@
 
 #include "support/cleanedhtml.h"
 
+#include "support/htmlreadertext.h"
+
 #include <QStringList>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -29,14 +31,61 @@ QString raisedOrLowered(const QString& text, QTextCharFormat::VerticalAlignment 
     }
 }
 
-QString fromFragment(const QTextFragment& fragment)
+QString fromRun(const QString& text, QTextCharFormat::VerticalAlignment alignment)
 {
-    const auto alignment = fragment.charFormat().verticalAlignment();
-    QStringList lines = fragment.text().replace(QChar::LineSeparator, u'\n').split(u'\n');
+    QStringList lines = QString(text).replace(QChar::LineSeparator, u'\n').split(u'\n');
     for (QString& line : lines)
         line = raisedOrLowered(line, alignment);
     return lines.join(lineBreak);
 }
+
+/// The runs of one format in a paragraph. Marks for which a picture stands belong to the run that
+/// they interrupt.
+class Runs
+{
+public:
+    void take(const QTextFragment& fragment)
+    {
+        const QTextCharFormat fragmentFormat = fragment.charFormat();
+        const QString marks =
+            HtmlReaderText::marksOfPicture(fragmentFormat.stringProperty(QTextFormat::ImageName));
+        const bool isMarks = !marks.isEmpty();
+        const bool goesOn = isMarks || (isInterrupted && fragmentFormat == format);
+        if (!goesOn || !hasRun)
+            begin(fragmentFormat);
+        text += isMarks ? marks.repeated(fragment.length()) : fragment.text();
+        isInterrupted = isMarks;
+    }
+
+    /// Takes no further fragment afterwards.
+    QString html()
+    {
+        finish();
+        return finished;
+    }
+
+private:
+    void begin(const QTextCharFormat& newFormat)
+    {
+        finish();
+        format = newFormat;
+        hasRun = true;
+    }
+
+    void finish()
+    {
+        if (hasRun)
+            finished += fromRun(text, format.verticalAlignment());
+        text.clear();
+        hasRun = false;
+    }
+
+    QString finished;
+    QString text;
+    QTextCharFormat format;
+    bool hasRun = false;
+    bool isInterrupted = false; ///< Whether the run ends in a picture that stands for marks.
+};
 
 bool isAsciiLetter(QChar c)
 {
@@ -47,11 +96,6 @@ bool isAsciiLetter(QChar c)
 bool isWordCharacter(QChar c)
 {
     return isAsciiLetter(c) || (c >= u'0' && c <= u'9') || c == u'_';
-}
-
-bool canFollowTagOpening(QChar c)
-{
-    return isAsciiLetter(c) || c == u'/' || c == u'!' || c == u'?';
 }
 
 /// Whether what follows a "<" makes it one of the three markups, opening or closing.
@@ -65,60 +109,6 @@ bool isKeptTag(QStringView tag)
     });
 }
 
-/// Says which tags of a text may reach the HTML reader, whose time grows exponentially with nested
-/// table parts and quadratically with everything else that is left open. It only counts: any
-/// attempt to follow the nesting would have to guess right what the reader takes for a closing tag.
-class TagBudget
-{
-public:
-    /// Whether the tag between "<" and ">" (both excluded) may stay.
-    bool admits(QStringView tag)
-    {
-        const bool closing = tag.startsWith(u'/');
-        const QStringView rest = closing ? tag.sliced(1) : tag;
-        const auto nameEnd = std::find_if_not(rest.begin(), rest.end(),
-                                              [](QChar c) { return c.isLetterOrNumber(); });
-        const QString name = rest.first(nameEnd - rest.begin()).toString().toLower();
-        // The reader expands entities in names; no element is called by such a name.
-        if (nameEnd != rest.end() && *nameEnd == u'&')
-            return false;
-        // Only tags that hold nothing else are sure to be for the reader what they are here.
-        const bool isBare = nameEnd == rest.end();
-        if (isBare && name == "sub"_L1)
-            return changeDepth(subscriptDepth, closing);
-        if (isBare && name == "sup"_L1)
-            return changeDepth(superscriptDepth, closing);
-        if (isTablePart(name))
-            return tableParts-- > 0;
-        return closing || name == "br"_L1 || others-- > 0;
-    }
-
-private:
-    static bool isTablePart(const QString& name)
-    {
-        static constexpr std::array parts{"table"_L1, "tr"_L1,    "td"_L1,    "th"_L1,
-                                          "tbody"_L1, "thead"_L1, "tfoot"_L1, "caption"_L1};
-        return std::find(parts.begin(), parts.end(), name) != parts.end();
-    }
-
-    static bool changeDepth(int& depth, bool closing)
-    {
-        constexpr int deepest = 16;
-        if (closing)
-            depth = std::max(0, depth - 1);
-        else if (depth >= deepest)
-            return false;
-        else
-            ++depth;
-        return true;
-    }
-
-    int subscriptDepth = 0;
-    int superscriptDepth = 0;
-    int tableParts = 24;
-    int others = 1000;
-};
-
 } // namespace
 
 namespace CleanedHtml {
@@ -129,10 +119,12 @@ QString fromDocument(const QTextDocument& document)
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         if (block != document.begin())
             html += lineBreak;
+        Runs runs;
         for (auto run = block.begin(); !run.atEnd(); ++run) {
             if (run.fragment().isValid())
-                html += fromFragment(run.fragment());
+                runs.take(run.fragment());
         }
+        html += runs.html();
     }
     return html;
 }
@@ -164,40 +156,7 @@ QString withoutForeignTags(const QString& html)
 
 QString forHtmlReader(const QString& html)
 {
-    QString prepared;
-    prepared.reserve(html.size());
-    const QLatin1StringView commentStart("<!--");
-    const QLatin1StringView commentEnd("-->");
-    const qsizetype lastCommentEnd = html.lastIndexOf(commentEnd);
-    TagBudget budget;
-
-    qsizetype position = 0;
-    while (position < html.size()) {
-        const QStringView rest = QStringView(html).sliced(position);
-        if (rest.front() != u'<') {
-            prepared += rest.front();
-            ++position;
-            continue;
-        }
-        if (rest.startsWith(commentStart) && position + commentStart.size() <= lastCommentEnd) {
-            position = html.indexOf(commentEnd, position + commentStart.size()) + commentEnd.size();
-            continue;
-        }
-        // A tag ends before the next one begins: in "a<b<sup>2</sup>" the first "<" is text.
-        const auto end = std::find_if(rest.begin() + 1, rest.end(),
-                                      [](QChar c) { return c == u'<' || c == u'>'; });
-        if (end == rest.end() || *end == u'<' || !canFollowTagOpening(rest.at(1)) ||
-            rest.startsWith(commentStart)) {
-            prepared += "&lt;"_L1;
-            ++position;
-            continue;
-        }
-        const QStringView tag = rest.first(end - rest.begin() + 1);
-        if (budget.admits(tag.sliced(1, tag.size() - 2)))
-            prepared += tag;
-        position += tag.size();
-    }
-    return prepared;
+    return HtmlReaderText::prepared(html);
 }
 
 } // namespace CleanedHtml

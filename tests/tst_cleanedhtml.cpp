@@ -363,12 +363,94 @@ private Q_SLOTS:
         row("a\nb   c", "a b c");
         row("a<BR>b<br/>c", "a<br>b<br>c");
         row("<SUB>2</SUB>", "<sub>2</sub>");
+        row("a<style>b { color: red }</style>c", "ac");
+        row("a<STYLE type=\"text/css\">b < c</Style >d", "ad");
+        row("a<script>if (b<c) d(\"<b>\");</script>e", "ae");
+        row("a<title>b</title><script src='x'></script>c", "ac");
+        row("a<style>b", "ab");
+        row("a</style>b<title/>c", "abc");
+        row("a<styles>b</styles>c", "abc");
     }
 
     void foreignMarkupLeavesItsText()
     {
         QFETCH(const QString, html);
         QTEST(throughTheReader(html), "cleaned");
+    }
+
+    void shortStyleSheetKeepsBlanks()
+    {
+        QCOMPARE(
+            throughTheReader(u"<style type=\"text/css\">p, li { white-space: pre-wrap; }</style>"
+                             "<p>a  b   c</p>"_s),
+            u"a  b   c"_s);
+    }
+
+    void marksOnALetterComeBack_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        const QString nothing;
+        QTest::newRow("alone") << nothing << nothing;
+        QTest::newRow("in a line") << u"a b e"_s << u" c d"_s;
+        QTest::newRow("raised") << u"x<sup>e"_s << u"f</sup>y"_s;
+        QTest::newRow("at the end of raised text") << u"x<sup>e"_s << u"</sup>y"_s;
+        QTest::newRow("lowered behind") << u"e"_s << u"<sub>2</sub>"_s;
+        QTest::newRow("before a line break") << u"e"_s << u"<br>f"_s;
+        QTest::newRow("before a less-than") << u"e"_s << u"<5"_s;
+    }
+
+    void marksOnALetterComeBack()
+    {
+        QFETCH(const QString, before);
+        QFETCH(const QString, after);
+        for (const int count : {1, 30, 31, 330, 331, 1000, 5000}) {
+            const QString text = before + u"\u0301\u0327"_s.repeated(count) + after;
+            QCOMPARE(throughTheReader(text), text);
+            const QString outsideThePlane = before + u"\U0001d165"_s.repeated(count) + after;
+            QCOMPARE(throughTheReader(outsideThePlane), outsideThePlane);
+        }
+    }
+
+    void marksWrittenAsNumbersAreMarks()
+    {
+        const QString marks = u"\u0301"_s.repeated(800);
+        QCOMPARE(throughTheReader("e"_L1 + u"&#769;&#x301;"_s.repeated(400)), "e"_L1 + marks);
+        QTextDocument document;
+        document.setHtml(CleanedHtml::forHtmlReader("e"_L1 + u"&#769;"_s.repeated(300'000)));
+        QVERIFY(document.toPlainText().size() < 100);
+    }
+
+    void moreMarksThanALetterCarriesAreNotLaidOut()
+    {
+        QTextDocument document;
+        document.setHtml(CleanedHtml::forHtmlReader("e"_L1 + u"\u0301"_s.repeated(300'000) + u'f'));
+        QVERIFY(document.toPlainText().size() < 100);
+    }
+
+    void readerIsSparedWhatWouldBeTooMuchWork_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("cleaned");
+        const QString lines = repeated("x<br>", 30'000) + u"H<sub>2</sub>O";
+        QTest::newRow("lines in bold") << repeated("<b>", 1000) + lines << lines;
+        QTest::newRow("lines in unknown elements") << repeated("<x>", 1000) + lines << lines;
+        QTest::newRow("lines in closed elements") << repeated("<i></i>", 1000) + lines << lines;
+        QTest::newRow("style rules")
+            << "<style>"_L1 + repeated("a{color:red}", 100'000) + "</style>"_L1 + lines << lines;
+        QTest::newRow("many short style sheets")
+            << repeated("<style>a{color:red}</style>", 10'000) + lines << lines;
+        QTest::newRow("rules that every line is matched with")
+            << "<style>"_L1 + repeated("*,", 120) + "*{color:red}</style>"_L1 + lines << lines;
+        QTest::newRow("raised runs in one word")
+            << repeated("C<sub>2</sub>", 20'000) << repeated("C<sub>2</sub>", 20'000);
+    }
+
+    void readerIsSparedWhatWouldBeTooMuchWork()
+    {
+        QFETCH(const QString, text);
+        const Deadline deadline;
+        QTEST(throughTheReader(text), "cleaned");
     }
 
     void manyParagraphsListItemsAndCellsKeepTheirPlaces()

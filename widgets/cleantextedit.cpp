@@ -18,15 +18,24 @@
 
 namespace {
 
-bool hasEndlessWord(const QString& text)
+/// Whether a word of the text, markup included, is longer than any word is. Tags other than line
+/// breaks do not end a word; blanks in them do not, either.
+bool hasEndlessWord(QStringView text)
 {
     constexpr int longestWord = 2000;
+    const QLatin1StringView lineBreak("<br");
     int length = 0;
-    return std::any_of(text.begin(), text.end(), [&length](QChar c) {
-        const bool wordEnds = c.isSpace() || c == u'>';
+    bool inTag = false;
+    for (qsizetype i = 0; i < text.size() && length <= longestWord; ++i) {
+        const QChar c = text.at(i);
+        const bool tagBegins = c == u'<' && i + 1 < text.size() &&
+                               (text.at(i + 1) == u'/' || text.at(i + 1).isLetter());
+        const bool isLineBreak = tagBegins && text.sliced(i).startsWith(lineBreak);
+        inTag = tagBegins || (inTag && c != u'>' && c != u'<');
+        const bool wordEnds = isLineBreak || (!inTag && c.isSpace());
         length = wordEnds ? 0 : length + 1;
-        return length > longestWord;
-    });
+    }
+    return length > longestWord;
 }
 
 } // namespace

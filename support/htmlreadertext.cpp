@@ -1,0 +1,249 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "support/htmlreadertext.h"
+
+#include "support/markupbudget.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QLatin1StringView commentStart("<!--");
+constexpr QLatin1StringView commentEnd("-->");
+constexpr QLatin1StringView marksPrefix("marks:");
+
+/// Elements whose content is no text of the document. Up to their closing tag nothing is markup.
+constexpr std::array hiddenElements{"style"_L1, "script"_L1, "title"_L1};
+
+bool isAsciiLetter(QChar c)
+{
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
+}
+
+bool canFollowTagOpening(QChar c)
+{
+    return isAsciiLetter(c) || c == u'/' || c == u'!' || c == u'?';
+}
+
+bool isMark(char32_t character)
+{
+    switch (QChar::category(character)) {
+    case QChar::Mark_NonSpacing:
+    case QChar::Mark_SpacingCombining:
+    case QChar::Mark_Enclosing:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Whether the character is none of those that need a closer look in a text.
+bool isPlain(QChar c)
+{
+    return (c < u'\u0300' && c != u'<' && c != u'&') || c.isLetterOrNumber();
+}
+
+/// A character as it is written in a text, directly or as a numeric reference.
+struct WrittenCharacter
+{
+    char32_t character = 0;
+    qsizetype length = 1;
+};
+
+WrittenCharacter numericReference(QStringView text)
+{
+    constexpr qsizetype longest = 12;
+    const qsizetype end = text.first(std::min(text.size(), longest)).indexOf(u';');
+    if (end < 3 || text.at(1) != u'#')
+        return {};
+    const bool isHexadecimal = text.at(2).toLower() == u'x';
+    const QStringView digits = text.first(end).sliced(isHexadecimal ? 3 : 2);
+    bool isNumber = false;
+    const uint number = digits.toUInt(&isNumber, isHexadecimal ? 16 : 10);
+    if (!isNumber || number > QChar::LastValidCodePoint)
+        return {};
+    return {number, end + 1};
+}
+
+WrittenCharacter firstCharacter(QStringView text)
+{
+    const QChar c = text.front();
+    if (c == u'&')
+        return numericReference(text);
+    if (c.isHighSurrogate() && text.size() > 1 && text.at(1).isLowSurrogate())
+        return {QChar::surrogateToUcs4(c, text.at(1)), 2};
+    return {c.unicode(), 1};
+}
+
+/// Goes through a text front to back.
+class Preparation
+{
+public:
+    Preparation(const QString& text, MarkupBudget::Limits limits)
+        : html(text)
+        , budget(limits)
+        , lastCommentEnd(html.lastIndexOf(commentEnd))
+    {
+        result.reserve(html.size());
+    }
+
+    QString run()
+    {
+        while (!rest().isEmpty()) {
+            if (rest().front() == u'<')
+                takeMarkup();
+            else
+                takeText();
+        }
+        putExcessMarks();
+        return result;
+    }
+
+    [[nodiscard]] bool isOverspent() const { return budget.isOverspent(); }
+
+private:
+    [[nodiscard]] QStringView rest() const { return QStringView(html).sliced(position); }
+
+    void takeText()
+    {
+        const auto end = std::find_if_not(rest().begin(), rest().end(), isPlain);
+        if (end != rest().begin()) {
+            put(rest().first(end - rest().begin()));
+            return;
+        }
+        const WrittenCharacter next = firstCharacter(rest());
+        if (!isMark(next.character)) {
+            put(rest().first(next.length));
+            return;
+        }
+        // No writing puts more on a letter: Unicode Standard Annex 15, "Stream-Safe Text Process".
+        constexpr int mostMarks = 30;
+        if (marks++ < mostMarks)
+            result += rest().first(next.length);
+        else
+            excessMarks += QStringView(QChar::fromUcs4(next.character));
+        position += next.length;
+    }
+
+    void put(QStringView text)
+    {
+        putExcessMarks();
+        marks = 0;
+        result += text;
+        position += text.size();
+    }
+
+    void putExcessMarks()
+    {
+        // Each picture is dear, too: for few marks it would not pay.
+        constexpr qsizetype fewMarks = 300;
+        if (excessMarks.size() > fewMarks)
+            result += "<img src=\""_L1 + marksPrefix + excessMarks + "\">"_L1;
+        else
+            result += excessMarks;
+        excessMarks.clear();
+    }
+
+    void takeMarkup()
+    {
+        putExcessMarks();
+        if (rest().startsWith(commentStart) && position + commentStart.size() <= lastCommentEnd) {
+            position = html.indexOf(commentEnd, position + commentStart.size()) + commentEnd.size();
+            return;
+        }
+        // A tag ends before the next one begins: in "a<b<sup>2</sup>" the first "<" is text.
+        const QStringView text = rest();
+        const auto end = std::find_if(text.begin() + 1, text.end(),
+                                      [](QChar c) { return c == u'<' || c == u'>'; });
+        if (end == text.end() || *end == u'<' || !canFollowTagOpening(text.at(1)) ||
+            text.startsWith(commentStart)) {
+            marks = 0;
+            result += "&lt;"_L1;
+            ++position;
+            return;
+        }
+        takeTag(text.first(end - text.begin() + 1));
+    }
+
+    void takeTag(QStringView tag)
+    {
+        const QStringView inside = tag.sliced(1, tag.size() - 2);
+        const auto hidden =
+            std::find_if(hiddenElements.begin(), hiddenElements.end(),
+                         [inside](QLatin1StringView name) { return isTagOf(name, inside); });
+        if (hidden != hiddenElements.end()) {
+            takeHiddenElement(static_cast<std::size_t>(hidden - hiddenElements.begin()), tag);
+            return;
+        }
+        if (budget.admits(inside, result.size()))
+            result += tag;
+        position += tag.size();
+    }
+
+    static bool isTagOf(QLatin1StringView name, QStringView inside)
+    {
+        if (inside.startsWith(u'/'))
+            inside = inside.sliced(1);
+        return inside.startsWith(name, Qt::CaseInsensitive) &&
+               (inside.size() == name.size() || !inside.at(name.size()).isLetterOrNumber());
+    }
+
+    /// Leaves the element out, or its tag when it has no end: then what follows is text. A short
+    /// style sheet stays, like the one without which blanks would be lost in texts that the toolkit
+    /// wrote.
+    void takeHiddenElement(std::size_t element, QStringView tag)
+    {
+        const qsizetype content = position + tag.size();
+        const QString closingTag = "</"_L1 + hiddenElements.at(element);
+        const bool hasContent = !tag.startsWith("</"_L1) && !tag.endsWith("/>"_L1);
+        qsizetype end = -1;
+        if (hasContent && !endless.at(element)) {
+            end = html.indexOf(closingTag, content, Qt::CaseInsensitive);
+            endless.at(element) = end < 0;
+        }
+        const qsizetype closed = end < 0 ? -1 : html.indexOf(u'>', end);
+        if (closed < 0) {
+            position = content;
+            return;
+        }
+        const QStringView sheet = QStringView(html).sliced(content, end - content);
+        if (element == 0 && !sheet.contains(u'<') && budget.admitsStyleSheet(sheet.size()))
+            result += tag + sheet + "</style>"_L1;
+        position = closed + 1;
+    }
+
+    const QString& html;
+    MarkupBudget budget;
+    qsizetype lastCommentEnd;
+    QString result;
+    qsizetype position = 0;
+    int marks = 0; ///< Those on the last letter.
+    QString excessMarks;
+    /// Of which hidden elements no further one is closed.
+    std::array<bool, hiddenElements.size()> endless{};
+};
+
+} // namespace
+
+namespace HtmlReaderText {
+
+QString prepared(const QString& html)
+{
+    Preparation usual(html, MarkupBudget::Limits::Usual);
+    QString text = usual.run();
+    if (!usual.isOverspent())
+        return text;
+    return Preparation(html, MarkupBudget::Limits::Strict).run();
+}
+
+QString marksOfPicture(const QString& name)
+{
+    return name.startsWith(marksPrefix) ? name.sliced(marksPrefix.size()) : QString();
+}
+
+} // namespace HtmlReaderText
