@@ -7,10 +7,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFile>
 #include <QTextStream>
 
 #include <algorithm>
-#include <cstring>
 #include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
@@ -39,45 +39,48 @@ void report()
     QTextStream(stdout) << seconds << '\t' << mebibytes << Qt::endl;
 }
 
-/// Opens the file, paints the window twice and saves.
-void use(const QByteArray& file)
+int make(const QByteArray& name, int size, const QString& path)
 {
-    const Sandbox sandbox;
-    const QString path = sandbox.write(u"a.json"_s, file);
-    MainWindow window;
-    window.show();
-    QCoreApplication::processEvents();
-    window.loadSpecies(path);
-    QCoreApplication::processEvents();
-    window.grab();
-    window.grab();
-    window.findChild<QAction*>(u"actionSaveSpecies"_s)->trigger();
+    const auto& all = DearFiles::families();
+    const auto family = std::find_if(all.begin(), all.end(),
+                                     [&name](const auto& each) { return name == each.name; });
+    QFile file(path);
+    if (family == all.end() || !file.open(QIODevice::WriteOnly))
+        return EXIT_FAILURE;
+    const QByteArray bytes = family->make(size);
+    return file.write(bytes) == bytes.size() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+/// Opens the file, paints the window twice and saves it under its name.
+int use(const QString& path)
+{
+    {
+        const Sandbox sandbox; // for the settings
+        MainWindow window;
+        window.show();
+        QCoreApplication::processEvents();
+        window.loadSpecies(path);
+        QCoreApplication::processEvents();
+        window.grab();
+        window.grab();
+        window.findChild<QAction*>(u"actionSaveSpecies"_s)->trigger();
+    }
+    report();
+    return EXIT_SUCCESS;
 }
 
 } // namespace
 
 /// korvela-dearfiles: lists the families of dear files with the sizes they are tried with.
-/// korvela-dearfiles family size: uses one; prints processor time (s) and most memory (MiB).
-/// korvela-dearfiles family size file: writes it.
+/// korvela-dearfiles make family size file
+/// korvela-dearfiles use file: prints processor time (s) and most memory (MiB). Writes the file.
 int main(int argc, char* argv[])
 {
-    if (argc < 3)
-        return list();
-    const QByteArray name = argv[1];
-    const auto& all = DearFiles::families();
-    const auto family = std::find_if(all.begin(), all.end(),
-                                     [&name](const auto& each) { return name == each.name; });
-    if (family == all.end())
-        return EXIT_FAILURE;
-    const QByteArray file = family->make(QByteArray(argv[2]).toInt());
-    if (argc > 3) {
-        QFile target(QString::fromLocal8Bit(argv[3]));
-        return target.open(QIODevice::WriteOnly) && target.write(file) == file.size()
-                   ? EXIT_SUCCESS
-                   : EXIT_FAILURE;
-    }
     const QApplication application(argc, argv);
-    use(file);
-    report();
-    return EXIT_SUCCESS;
+    const QStringList words = QCoreApplication::arguments();
+    if (words.size() == 5 && words.at(1) == "make"_L1)
+        return make(words.at(2).toUtf8(), words.at(3).toInt(), words.at(4));
+    if (words.size() == 3 && words.at(1) == "use"_L1)
+        return use(words.at(2));
+    return list();
 }
