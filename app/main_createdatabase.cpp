@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/applicationicon.h"
 #include "app/databasecommand.h"
+#include "support/applicationicon.h"
 
 #include <QApplication>
 

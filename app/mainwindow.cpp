@@ -3,7 +3,6 @@
 
 #include "app/mainwindow.h"
 
-#include "app/formdock.h"
 #include "species/specieshint.h"
 #include "species/speciesmodel.h"
 #include "spectrum/spectrumarea.h"
@@ -12,6 +11,7 @@
 #include "widgets/darktext.h"
 #include "widgets/entrydrops.h"
 #include "widgets/fieldhint.h"
+#include "widgets/formdock.h"
 #include "widgets/windowshortcuts.h"
 
 #include <QDataWidgetMapper>

@@ -12,6 +12,7 @@
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
+#include "widgets/entrydrops.h"
 #include "widgets/leftfield.h"
 
 #include <QCloseEvent>
@@ -20,26 +21,6 @@
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Accepts a drag of an entry, as a copy if that is offered, whatever is proposed.
-void acceptDrag(QDragMoveEvent* event)
-{
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-/// Takes a dropped entry. Never as a move, after which the file manager would delete the file that
-/// was just opened; where nothing else is offered the answer is that nothing was done to the file.
-void acceptDrop(QDropEvent* event)
-{
-    const bool canCopy = event->possibleActions().testFlag(Qt::CopyAction);
-    event->setDropAction(canCopy ? Qt::CopyAction : Qt::IgnoreAction);
-    event->accept();
-}
-
-} // namespace
 
 void MainWindow::setModified()
 {
@@ -180,13 +161,13 @@ void MainWindow::saveSpeciesFile()
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
     if (!droppedJsonFile(event->mimeData()).isEmpty())
-        acceptDrag(event);
+        acceptEntryDrag(event);
 }
 
 void MainWindow::dragMoveEvent(QDragMoveEvent* event)
 {
     if (!droppedJsonFile(event->mimeData()).isEmpty())
-        acceptDrag(event);
+        acceptEntryDrag(event);
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
@@ -194,7 +175,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     const QString path = droppedJsonFile(event->mimeData());
     if (path.isEmpty())
         return;
-    acceptDrop(event);
+    acceptEntryDrop(event);
     const LeftField left(*this);
     const WaitCursor waiting;
     if (!askToSave())

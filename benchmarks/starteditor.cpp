@@ -3,7 +3,7 @@
 
 // Starts the editor as its main() does, and ends when it is painted.
 
-#include "app/applicationicon.h"
+#include "support/applicationicon.h"
 #include "app/mainwindow.h"
 #include "benchmarks/firstpaint.h"
 

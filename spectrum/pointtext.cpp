@@ -42,6 +42,9 @@ constexpr bool operationsAreExact = FLT_EVAL_METHOD == 0;
 constexpr std::uint64_t largestExactDigits = std::uint64_t{1} << 53U;
 
 /// Reads point lines of two plain decimals (sign, digits, dot, digits, exponent), front to back.
+///
+/// Written by hand because people paste 100,000 lines: parseLineByExpression() takes some fifty
+/// times as long (docs/performance.md). A property test holds both against each other.
 class PlainLineScanner
 {
 public:

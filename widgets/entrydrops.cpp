@@ -10,6 +10,19 @@
 #include <QDropEvent>
 #include <QWidget>
 
+void acceptEntryDrag(QDragMoveEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void acceptEntryDrop(QDropEvent* event)
+{
+    const bool canCopy = event->possibleActions().testFlag(Qt::CopyAction);
+    event->setDropAction(canCopy ? Qt::CopyAction : Qt::IgnoreAction);
+    event->accept();
+}
+
 EntryDrops::EntryDrops(QWidget* receivingWindow)
     : QObject(receivingWindow)
     , window(receivingWindow)

@@ -5,7 +5,16 @@
 
 #include <QObject>
 
+class QDragMoveEvent;
+class QDropEvent;
 class QWidget;
+
+/// Accepts a drag of an entry, as a copy if that is offered, whatever is proposed.
+void acceptEntryDrag(QDragMoveEvent* event);
+
+/// Takes a dropped entry. Never as a move, after which the file manager would delete the file that
+/// was just opened; where nothing else is offered the answer is that nothing was done to the file.
+void acceptEntryDrop(QDropEvent* event);
 
 /// Hands entry files that are dragged onto any part of a window to the window itself; a text field
 /// would insert their address.

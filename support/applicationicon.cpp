@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/applicationicon.h"
+#include "support/applicationicon.h"
 
 #include <QApplication>
 #include <QIcon>
