@@ -3,9 +3,9 @@
 
 // Starts the editor as its main() does, and ends when it is painted.
 
-#include "support/applicationicon.h"
 #include "app/mainwindow.h"
 #include "benchmarks/firstpaint.h"
+#include "support/applicationicon.h"
 
 #include <QApplication>
 

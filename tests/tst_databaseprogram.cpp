@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "support/applicationicon.h"
 #include "app/databasecommand.h"
+#include "support/applicationicon.h"
 #include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/sandbox.h"
