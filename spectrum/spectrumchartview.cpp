@@ -152,21 +152,28 @@ void SpectrumChartView::keyPressEvent(QKeyEvent* event)
     const qreal pixels = event->modifiers().testFlag(Qt::ShiftModifier) ? leap : 1;
     switch (event->key()) {
     case Qt::Key_Left:
-        return moveReadOut({-pixels, 0});
+        moveReadOut({-pixels, 0});
+        break;
     case Qt::Key_Right:
-        return moveReadOut({pixels, 0});
+        moveReadOut({pixels, 0});
+        break;
     case Qt::Key_Up:
-        return moveReadOut({0, -pixels});
+        moveReadOut({0, -pixels});
+        break;
     case Qt::Key_Down:
-        return moveReadOut({0, pixels});
+        moveReadOut({0, pixels});
+        break;
     case Qt::Key_Plus:
     case Qt::Key_Equal: // plus without Shift on many keyboards
-        return zoomIn();
+        zoomIn();
+        break;
     case Qt::Key_Minus:
-        return zoomOut();
+        zoomOut();
+        break;
     case Qt::Key_0:
     case Qt::Key_Escape:
-        return showAll();
+        showAll();
+        break;
     default:
         QChartView::keyPressEvent(event);
     }
@@ -230,10 +237,12 @@ void SpectrumChartView::zoomIn()
 
 void SpectrumChartView::zoomOut()
 {
-    if (zoomSteps <= 1)
-        return showAll();
-    --zoomSteps;
-    chart()->zoomOut();
+    if (zoomSteps <= 1) {
+        showAll();
+    } else {
+        --zoomSteps;
+        chart()->zoomOut();
+    }
 }
 
 void SpectrumChartView::showAll()
