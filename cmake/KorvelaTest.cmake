@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # korvela_add_test(<name> [<further source>...])
 #
 # Makes the test program <name> from <name>.cpp and registers it with CTest. Tests run without a
@@ -5,10 +8,6 @@
 function(korvela_add_test name)
     add_executable(${name} ${name}.cpp ${ARGN})
     target_link_libraries(${name} PRIVATE korvela_options korvela_testsupport)
-    # The macros with which tests wait have counted durations since Qt 6.7, and make an int of the count.
-    if(NOT MSVC AND Qt6_VERSION VERSION_GREATER_EQUAL 6.7)
-        target_compile_options(${name} PRIVATE -Wno-conversion)
-    endif()
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(
         ${name} PROPERTIES TIMEOUT 300
