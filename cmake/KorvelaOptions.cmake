@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # One target carries the language level, the warnings and Qt's strictness macros, so that the library,
 # the executable, the tools and the tests are all held to the same rules.
 add_library(korvela_options INTERFACE)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # korvela_add_program(<name> <title> <source>)
 #
 # Makes a program that is installed: the executable <name>, which Windows and macOS show to people as
@@ -18,7 +21,7 @@ function(korvela_add_program name title source)
             ${name}
             PROPERTIES MACOSX_BUNDLE_INFO_PLIST "${packaging}/macos/Info.plist.in"
                        MACOSX_BUNDLE_BUNDLE_NAME "${title}"
-                       MACOSX_BUNDLE_GUI_IDENTIFIER "org.ostravel.${name}"
+                       MACOSX_BUNDLE_GUI_IDENTIFIER "invalid.korvela.${name}"
                        MACOSX_BUNDLE_ICON_FILE korvela_entry.icns
         )
         # The deployment tool copies the SVG plugin only into bundles that link the module.
