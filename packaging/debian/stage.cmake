@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Run by cpack on the installed files before it packs them: makes them what Debian expects.
 
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
@@ -10,7 +13,7 @@ set(doc "${share}/doc/${CPACK_PACKAGE_NAME}")
 # Debian has the text of the licence; "copyright" says where.
 file(REMOVE "${doc}/LICENSE")
 file(COPY_FILE "${CPACK_KORVELA_COPYRIGHT}" "${doc}/copyright")
-file(COPY_FILE "${CPACK_KORVELA_CHANGELOG}" "${doc}/changelog")
+configure_file("${CPACK_KORVELA_CHANGELOG}" "${doc}/changelog" @ONLY)
 file(CHMOD "${doc}/copyright" "${doc}/changelog" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ
                                                               WORLD_READ
 )
