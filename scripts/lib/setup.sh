@@ -123,3 +123,14 @@ build_release() { # target...
         -DKORVELA_WARNINGS_AS_ERRORS="${KORVELA_WARNINGS_AS_ERRORS:-OFF}"
     quietly cmake --build "$root/build/release" --target "$@"
 }
+
+# Compiles with clang and its plugin clazy, in build/clazy, what the analysers look at: the programs and
+# the tools.
+build_analysed() { # [option of cmake --build...]
+    install_build_packages
+    install_packages clazy
+    prefer_recent_cmake
+    export CCACHE_DISABLE=1 # the cache does not know which checks were asked for
+    quietly cmake -S "$root" --preset clazy -DKORVELA_BUILD_TESTS=OFF
+    quietly cmake --build "$root/build/clazy" "$@"
+}
