@@ -12,6 +12,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
+#include <algorithm>
+
 SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
     : area(multipleDocumentArea)
     , tabs(new SpectrumTabs(&multipleDocumentArea))
@@ -24,6 +26,14 @@ void SpectrumArea::add(SpectrumWindow* window)
     // As a stop of the Tab key it would catch every Shift+Tab of the form.
     subWindow->setFocusPolicy(Qt::ClickFocus);
     tabs->follow(subWindow);
+    // A sub-window measures its whole title whenever it is laid out, and its tab shows far less.
+    const auto setCaption = [subWindow](const QString& title) {
+        constexpr qsizetype mostCharacters = 1000;
+        if (!title.isEmpty())
+            subWindow->setWindowTitle(title.first(std::min(title.size(), mostCharacters)));
+    };
+    QObject::connect(window, &QWidget::windowTitleChanged, subWindow, setCaption);
+    setCaption(window->windowTitle());
     window->show();
 }
 

@@ -15,6 +15,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QPlainTextEdit>
@@ -131,6 +132,21 @@ private Q_SLOTS:
                           Qt::LeftButton);
         QCOMPARE(field->blockCount(), 1'000'000);
         QVERIFY2(mostMemory() < 2048, QByteArray::number(mostMemory()).constData());
+    }
+
+    void longTitleIsNotMeasuredWhole()
+    {
+        const QString endless = u"photoelectron "_s.repeated(30'000).trimmed();
+        open({endless});
+        const QMdiSubWindow* subWindow = TestSupport::subWindows(*window).constFirst();
+        SpectrumWindow* spectrum = TestSupport::spectra(*window).constFirst();
+        QCOMPARE(spectrum->windowTitle(), endless);
+        QCOMPARE(subWindow->windowTitle(), endless.first(1000));
+        auto* title = TestSupport::child<QTextEdit>(*spectrum, "lineEditTitle");
+        title->setPlainText(u"short"_s);
+        QCOMPARE(subWindow->windowTitle(), u"short"_s);
+        title->setPlainText(u"shorter"_s);
+        QCOMPARE(subWindow->windowTitle(), u"shorter"_s);
     }
 
     void manyDatasetsOpenInBoundedMemory()
