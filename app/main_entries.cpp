@@ -7,13 +7,15 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What Qt has to say about pictures and the session is no output of this program.
 void tellFatalOnly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
 {
     if (type == QtFatalMsg)
-        std::fprintf(stderr, "korvela-entries: %s\n", qPrintable(text));
+        std::fputs(qPrintable(u"korvela-entries: %1\n"_s.arg(text)), stderr);
 }
 
 } // namespace

@@ -19,7 +19,7 @@ QString nameOf(Severity severity)
 
 QString coloured(Severity severity, bool colours)
 {
-    const QString name = nameOf(severity);
+    QString name = nameOf(severity);
     if (!colours)
         return name;
     return (severity == Severity::Error ? u"\x1b[1;31m"_s : u"\x1b[1;33m"_s) + name + u"\x1b[0m"_s;

@@ -3,12 +3,14 @@
 
 #include "entries/commandline.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
-CommandLine::CommandLine(Console& output, const QString& commandUsage, const QString& what)
+CommandLine::CommandLine(Console& output, QString commandUsage, QString what)
     : console(output)
-    , usage(commandUsage)
-    , description(what)
+    , usage(std::move(commandUsage))
+    , description(std::move(what))
 {
     parser.addOption({{u"h"_s, u"help"_s}, u"Show this help and exit."_s});
 }

@@ -13,11 +13,11 @@
 class CommandLine
 {
 public:
-    /// @p usage is what follows the program's name, @p description what the command does.
-    CommandLine(Console& output, const QString& usage, const QString& description);
+    /// @p commandUsage is what follows the program's name, @p what tells what the command does.
+    CommandLine(Console& output, QString commandUsage, QString what);
 
-    void addFlag(const QString& name, const QString& description);
-    void addValue(const QString& name, const QString& value, const QString& description,
+    void addFlag(const QString& name, const QString& what);
+    void addValue(const QString& name, const QString& value, const QString& what,
                   const QString& defaultValue = {});
 
     /// Reads the arguments behind the command's name. Returns an exit code when there is nothing

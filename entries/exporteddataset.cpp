@@ -18,7 +18,7 @@ namespace {
 struct Translation
 {
     QLatin1StringView key;
-    const char* name;
+    const char* name = nullptr;
 };
 
 constexpr std::array speciesFields{

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,8 +51,8 @@ QString inAscii(const QString& name)
 
 } // namespace
 
-ExportNames::ExportNames(const QString& fileSuffix)
-    : suffix(fileSuffix)
+ExportNames::ExportNames(QString fileSuffix)
+    : suffix(std::move(fileSuffix))
 {}
 
 QString ExportNames::next(const QString& speciesName, int dataset)

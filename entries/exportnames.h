@@ -12,7 +12,7 @@ class ExportNames
 {
 public:
     /// @p suffix is without its dot.
-    explicit ExportNames(const QString& fileSuffix);
+    explicit ExportNames(QString fileSuffix);
 
     /// A name that was not given out before.
     [[nodiscard]] QString next(const QString& speciesName, int dataset);

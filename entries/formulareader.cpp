@@ -102,6 +102,8 @@ bool FormulaReader::readPart(Composition& composition)
     return next() != u'+' && next() != u'-' ? true : readTrailingCharge(composition);
 }
 
+// Brackets stand in brackets, deepestBrackets at most.
+// NOLINTNEXTLINE(misc-no-recursion)
 bool FormulaReader::readGroups(Atoms& atoms, bool& labelled, int depth)
 {
     while (!atEnd()) {
@@ -122,6 +124,7 @@ bool FormulaReader::readGroups(Atoms& atoms, bool& labelled, int depth)
     return true;
 }
 
+// NOLINTNEXTLINE(misc-no-recursion)
 bool FormulaReader::readBracket(Atoms& atoms, bool& labelled, int depth)
 {
     const QChar closing = next() == u'(' ? u')' : u']';

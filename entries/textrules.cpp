@@ -21,7 +21,7 @@ class IsolatedDocument : public QTextDocument
 protected:
     QVariant loadResource(int /*type*/, const QUrl& /*name*/) override
     {
-        return QVariant(QByteArray("")); // no null value, which would make Qt look itself
+        return {QByteArray("")}; // no null value, which would make Qt look itself
     }
 };
 

@@ -143,7 +143,7 @@ private:
         // Each picture is dear, too: for few marks it would not pay.
         constexpr qsizetype fewMarks = 300;
         if (excessMarks.size() > fewMarks)
-            result += "<img src=\""_L1 + marksPrefix + excessMarks + "\">"_L1;
+            result += R"(<img src=")"_L1 + marksPrefix + excessMarks + R"(">)"_L1;
         else
             result += excessMarks;
         excessMarks.clear();
