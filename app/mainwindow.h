@@ -42,7 +42,7 @@ public:
 
     /// Replaces the document by the species file at @p path, after asking to save a modified one.
     /// Returns whether the file was loaded; what went wrong has been shown by then.
-    bool loadSpecies(const QString& path);
+    bool openEntry(const QString& path);
 
     /// Compiles the species files into a database, dated today. Returns whether the database file
     /// could be opened for writing; a species file that cannot be used has been shown by then.

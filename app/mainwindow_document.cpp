@@ -74,10 +74,10 @@ void MainWindow::openSpecies()
     const QString path = QFileDialog::getOpenFileName(this, tr("Open Species JSON File"),
                                                       LastOpenFolder::path(), jsonFileFilter());
     if (!path.isEmpty())
-        loadSpecies(path);
+        openEntry(path);
 }
 
-bool MainWindow::loadSpecies(const QString& path)
+bool MainWindow::openEntry(const QString& path)
 {
     const WaitCursor waiting;
     if (!askToSave())

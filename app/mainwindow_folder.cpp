@@ -68,7 +68,7 @@ bool MainWindow::step(const QString& path, int direction)
     }
     // A save question comes in between and may change the very file, which is then read again.
     if (isModified)
-        return loadSpecies(found->path);
+        return openEntry(found->path);
     replaceDocument(found->path, found->content);
     return true;
 }

@@ -63,7 +63,7 @@ Editor::Editor()
 
 void Editor::load(const QString& path)
 {
-    if (!window.loadSpecies(path))
+    if (!window.openEntry(path))
         qFatal("cannot load %s", qPrintable(path));
 }
 

@@ -30,7 +30,7 @@ void writeFile(const QString& path, const QByteArray& content)
 
 QByteArray loadedAndSaved(MainWindow& window, const QString& path)
 {
-    Fuzz::require(window.loadSpecies(path), "a species file can be loaded");
+    Fuzz::require(window.openEntry(path), "a species file can be loaded");
     window.findChild<QAction*>(u"actionSaveSpecies"_s)->trigger();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QFile file(path);

@@ -243,7 +243,7 @@ private Q_SLOTS:
 
     void openingGivesTheFocusToTheFirstSpectrum()
     {
-        QVERIFY(window->loadSpecies(sandbox->write(
+        QVERIFY(window->openEntry(sandbox->write(
             u"a.json"_s, TestSupport::speciesFile(u"Water"_s, {u"one"_s, u"two"_s}))));
         QCOMPARE(QApplication::focusWidget(),
                  child<QWidget>(*TestSupport::spectra(*window).constFirst(), "lineEditTitle"));

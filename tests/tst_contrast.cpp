@@ -297,7 +297,7 @@ private:
         QVERIFY(TestSupport::showActive(*window));
         const QString path =
             sandbox->write(u"a.json"_s, TestSupport::speciesFile(u"Water"_s, {u"Water"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         for (QTextEdit* field : window->findChildren<QTextEdit*>())
             field->setPlainText(u"Water"_s);
         QApplication::setPalette(palette);

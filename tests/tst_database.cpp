@@ -207,7 +207,7 @@ private Q_SLOTS:
     void speciesFilesAndTheOpenDocumentStayAsTheyAre()
     {
         const QString file = sandbox->write(u"water.json"_s, waterFile);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         compile({u"water.json"_s});
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - water.json"_s);
         QCOMPARE(TestSupport::spectrumTitles(*window), QStringList(QString::fromUtf8("caf\u00e9")));

@@ -42,7 +42,7 @@ private Q_SLOTS:
     void structurePictureHasEveryPixelOfTheScreen()
     {
         QCOMPARE(window->devicePixelRatioF(), 2.0);
-        QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, entryWithFinePicture())));
+        QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, entryWithFinePicture())));
         const auto* label = TestSupport::child<QLabel>(*window, "imageLabel");
         const QPixmap shown = label->pixmap();
         QCOMPARE(shown.devicePixelRatio(), 2.0);

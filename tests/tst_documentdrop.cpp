@@ -128,7 +128,7 @@ private Q_SLOTS:
         QFETCH(const Qt::DropActions, offered);
         QFETCH(const Qt::KeyboardModifiers, keys);
         const QString old = sandbox->write(u"old.json"_s, speciesFile(u"Old"_s, {u"old"_s}));
-        QVERIFY(window->loadSpecies(old));
+        QVERIFY(window->openEntry(old));
         QCoreApplication::processEvents();
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(
@@ -169,7 +169,7 @@ private Q_SLOTS:
     void fieldsLeaveDroppedEntriesToTheWindow()
     {
         const QString old = sandbox->write(u"old.json"_s, speciesFile(u"Old"_s, {u"old"_s}));
-        QVERIFY(window->loadSpecies(old));
+        QVERIFY(window->openEntry(old));
         QCoreApplication::processEvents();
         const QString path = sandbox->write(u"in/a.json"_s, speciesFile(u"Water"_s, {u"one"_s}));
         QVERIFY(dropFile(*window, *child<QWidget>(*window, QTest::currentDataTag()), path));
@@ -306,7 +306,7 @@ private:
     void openModified()
     {
         const QString path = sandbox->write(u"old.json"_s, speciesFile(u"Old"_s, {u"old"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         trigger(*window, "actionNew");
     }
 };

@@ -35,7 +35,7 @@ private Q_SLOTS:
     void titleNamesTheFileWithoutItsFolder()
     {
         const QString path = sandbox->write(u"water.json"_s, speciesFile(u"Water"_s));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - water.json"_s);
         window->setModified();
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - water.json *"_s);
@@ -52,7 +52,7 @@ private Q_SLOTS:
     void leavingAnUnchangedFieldMarksNothing()
     {
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"Water"_s));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         child<QWidget>(*window, "lineEditSpecies")->setFocus();
         for (int i = 0; i < 12; ++i)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -71,7 +71,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, needsLeaving);
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"Water"_s, {u"one"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json"_s);
         typeInto(*child<QWidget>(*window, QTest::currentDataTag()), u"1 2"_s);
         if (needsLeaving)
@@ -85,8 +85,8 @@ private Q_SLOTS:
     {
         const QString first = sandbox->write(u"a.json"_s, speciesFile(u"A"_s));
         const QString second = sandbox->write(u"b.json"_s, speciesFile(u"B"_s));
-        QVERIFY(window->loadSpecies(first));
-        QVERIFY(window->loadSpecies(second));
+        QVERIFY(window->openEntry(first));
+        QVERIFY(window->openEntry(second));
         QCOMPARE(cell(*window, SpeciesModel::Name), u"B"_s);
     }
 
@@ -140,7 +140,7 @@ private Q_SLOTS:
     {
         const QString path =
             sandbox->write(u"a.json"_s, speciesFile(u"Water"_s, {u"one"_s, u"two"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QTest::keyClick(window.get(), Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(window->windowTitle(), untitled);
         QVERIFY(subWindows(*window).isEmpty());
@@ -196,7 +196,7 @@ private Q_SLOTS:
     void dyingSpectraMarkNothing()
     {
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"Water"_s, {u"one"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         typeInto(*child<QWidget>(*window, "lineEditTitle"), u"unfinished"_s);
         trigger(*window, "actionClean");
         QTRY_VERIFY(window->findChildren<QMdiSubWindow*>().isEmpty());
@@ -307,7 +307,7 @@ private Q_SLOTS:
         const QString path = sandbox->write(u"b.json"_s, speciesFile(u"B"_s));
         dialogs->expectSaveQuestion(QMessageBox::Save);
         dialogs->expectBox(QMessageBox::Warning, u"Error"_s, u"Could not open file for writing."_s);
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QCOMPARE(cell(*window, SpeciesModel::Name), u"B"_s);
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - b.json"_s);
     }
@@ -320,7 +320,7 @@ private Q_SLOTS:
         dialogs->expectSaveQuestion(QMessageBox::Discard);
         dialogs->expectBox(QMessageBox::Warning, u"File Not Found"_s,
                            u"The file "_s % path % u" does not exist."_s);
-        QVERIFY(!window->loadSpecies(path));
+        QVERIFY(!window->openEntry(path));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json *"_s);
         QCOMPARE(cell(*window, SpeciesModel::Name), u"changed"_s);
         QCOMPARE(rememberedFolder(), u"/nowhere"_s);
@@ -349,7 +349,7 @@ private Q_SLOTS:
                 dialogs->complain(u"not a modal box of the window"_s);
             box.close();
         });
-        QVERIFY(!window->loadSpecies(sandbox->path(u"missing.json"_s)));
+        QVERIFY(!window->openEntry(sandbox->path(u"missing.json"_s)));
     }
 
     // Save
@@ -494,7 +494,7 @@ private:
     void openModified(const QString& name)
     {
         const QString path = sandbox->write(name, speciesFile(u"original"_s, {u"one"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         makeModified();
     }
 

@@ -160,7 +160,7 @@ private Q_SLOTS:
         const QString copy = sandbox.write(name, contentOf(examples().filePath(name)));
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
-        QVERIFY(window.loadSpecies(copy));
+        QVERIFY(window.openEntry(copy));
         // Removed, so that what is compared is what was saved.
         QVERIFY(QFile::remove(copy));
         TestSupport::child<QAction>(window, "actionSaveSpecies")->trigger();

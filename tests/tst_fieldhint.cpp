@@ -88,7 +88,7 @@ private Q_SLOTS:
     {
         const QString path = sandbox->write(
             u"a.json"_s, R"({"Type": "Species v1", "Species": {"CAS": "58-08-3", "Name": "X"}})");
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QVERIFY(!cas().hint().isEmpty());
         QCOMPARE(cas().property("cleanedHtml").toString(), u"58-08-3"_s);
         window->setModified();

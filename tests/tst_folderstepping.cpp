@@ -47,7 +47,7 @@ private Q_SLOTS:
     {
         for (const auto* name : {"a10.json", "a2.json", "B1.json"})
             writeSpecies(QString::fromLatin1(name));
-        QVERIFY(window->loadSpecies(sandbox->path(u"a2.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"a2.json"_s)));
 
         QStringList visited;
         for (int step = 0; step < 4; ++step) {
@@ -62,7 +62,7 @@ private Q_SLOTS:
     {
         for (const auto* name : {"a10.json", "a2.json", "B1.json"})
             writeSpecies(QString::fromLatin1(name));
-        QVERIFY(window->loadSpecies(sandbox->path(u"a2.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"a2.json"_s)));
 
         QStringList visited;
         for (int step = 0; step < 4; ++step) {
@@ -106,7 +106,7 @@ private Q_SLOTS:
         writeSpecies(u"argon.json"_s);
         writeSpecies(u"BENZENE.JSON"_s);
         writeSpecies(u"caffeine.Json"_s);
-        QVERIFY(window->loadSpecies(sandbox->path(u"argon.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"argon.json"_s)));
 
         clickNext();
         QCOMPARE(window->windowTitle(), titleOf(u"BENZENE.JSON"_s));
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QVERIFY(QDir(sandbox->path()).mkdir(u"second"_s));
         writeSpecies(u"first/a.json"_s);
         const QString dropped = writeSpecies(u"second/b.json"_s);
-        QVERIFY(window->loadSpecies(sandbox->path(u"first/a.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"first/a.json"_s)));
 
         // The last folder used is another one by now than that of the current file.
         dialogs->expectFileDialog(u"Open Spectrum JSON File"_s,
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QFETCH(const QByteArray, action);
         for (const auto* name : {"a.json", "b.json", "c.json"})
             writeSpecies(QString::fromLatin1(name));
-        QVERIFY(window->loadSpecies(sandbox->path(u"c.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"c.json"_s)));
         TestSupport::trigger(*window, "actionClean");
 
         dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path(), sandbox->path());
@@ -178,7 +178,7 @@ private Q_SLOTS:
     {
         const QString file = writeSpecies(u"b.json"_s);
         writeSpecies(u"a.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
 
         dialogs->expectFileDialog(u"Select Folder"_s, {}, sandbox->path());
         clickSelectFolder();
@@ -190,7 +190,7 @@ private Q_SLOTS:
     {
         writeSpecies(u"a.json"_s);
         const QString file = writeSpecies(u"b.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
 
         dialogs->expectFileDialog(u"Select Folder"_s, sandbox->path());
         clickSelectFolder();
@@ -239,7 +239,7 @@ private Q_SLOTS:
             sandbox->write(u"a.json"_s, noSpecies);
             sandbox->write(u"z.json"_s, "not JSON");
         }
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         window->createNewSpectrumWindow();
 
         // Nothing is going to be lost, so nothing is asked although the document is modified.
@@ -263,7 +263,7 @@ private Q_SLOTS:
         QFETCH(const QString, newName);
         writeSpecies(u"a.json"_s);
         const QString file = writeSpecies(u"m.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         QVERIFY(newName.isEmpty() ? QFile::remove(file)
                                   : QFile::rename(file, sandbox->path(newName)));
 
@@ -276,7 +276,7 @@ private Q_SLOTS:
     void folderThatBecameEmptyIsReported()
     {
         const QString file = writeSpecies(u"m.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         QVERIFY(QFile::remove(file));
 
         expectInformation(u"No JSON Files"_s, u"No JSON files found in the directory."_s);
@@ -286,7 +286,7 @@ private Q_SLOTS:
     void currentFileThatBecameAFolderIsReported()
     {
         const QString file = writeSpecies(u"m.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         QVERIFY(QFile::remove(file));
         QVERIFY(QDir(sandbox->path()).mkdir(u"m.json"_s));
         writeSpecies(u"m.json/a.json"_s);
@@ -300,7 +300,7 @@ private Q_SLOTS:
     {
         const QString file = writeSpecies(u"a.json"_s);
         writeSpecies(u"b.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         window->createNewSpectrumWindow();
 
         dialogs->expectSaveQuestion(QMessageBox::Cancel);
@@ -315,7 +315,7 @@ private Q_SLOTS:
         const QString file = writeSpecies(u"a.json"_s);
         writeSpecies(u"b.json"_s);
         const QByteArray before = sandbox->read(u"a.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         window->createNewSpectrumWindow();
 
         dialogs->expectSaveQuestion(QMessageBox::Discard);
@@ -329,7 +329,7 @@ private Q_SLOTS:
     {
         const QString file = writeSpecies(u"a.json"_s);
         writeSpecies(u"b.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         window->createNewSpectrumWindow();
 
         dialogs->expectSaveQuestion(QMessageBox::Save);
@@ -353,7 +353,7 @@ private Q_SLOTS:
     {
         const QString file = writeSpecies(u"a.json"_s);
         writeSpecies(u"c.json"_s);
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         writeSpecies(u"b.json"_s);
 
         clickNext();

@@ -38,7 +38,7 @@ private Q_SLOTS:
     void init() override
     {
         WindowTest::init();
-        QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, speciesFile(u"A"_s))));
+        QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, speciesFile(u"A"_s))));
     }
 
     void textThatIsNoObjectIsRefused_data()

@@ -40,7 +40,7 @@ private Q_SLOTS:
         WindowTest::init();
         QVERIFY(QDir(sandbox->path()).mkdir(u"in"_s));
         const QString path = sandbox->write(u"good.json"_s, speciesFile(u"Good"_s, {u"good"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         rememberFolder(u"/nowhere"_s);
     }
 
@@ -96,7 +96,7 @@ private Q_SLOTS:
         const QString path = sandbox->path(u"in/missing.json"_s);
         dialogs->expectBox(QMessageBox::Warning, u"File Not Found"_s,
                            u"The file "_s % path % u" does not exist."_s);
-        QVERIFY(!window->loadSpecies(path));
+        QVERIFY(!window->openEntry(path));
         verifyGoodIsOpen();
     }
 
@@ -104,7 +104,7 @@ private Q_SLOTS:
     {
         const QString path = sandbox->path(u"in"_s);
         expectNoSpeciesFile(path);
-        QVERIFY(!window->loadSpecies(path));
+        QVERIFY(!window->openEntry(path));
         verifyGoodIsOpen();
     }
 
@@ -120,12 +120,12 @@ private Q_SLOTS:
         for (qsizetype length = 0; length < whole.size(); length += 29) {
             sandbox->write(u"in/bad.json"_s, whole.first(length));
             expectNoSpeciesFile(path);
-            QVERIFY(!window->loadSpecies(path));
+            QVERIFY(!window->openEntry(path));
             QVERIFY2(dialogs->passed(), dialogs->report().constData());
         }
         verifyGoodIsOpen();
         sandbox->write(u"in/bad.json"_s, whole);
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
     }
 
     void anySingleWrongByteEitherLoadsOrIsRefused_data()
@@ -150,14 +150,14 @@ private Q_SLOTS:
             broken[at] = wrong;
             sandbox->write(u"in/bad.json"_s, broken);
             if (SpeciesFile::isSpeciesFile(path)) {
-                QVERIFY(window->loadSpecies(path));
+                QVERIFY(window->openEntry(path));
                 QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - bad.json"_s);
             } else {
                 const QString title = window->windowTitle();
                 const QString name = cell(*window, SpeciesModel::Name);
                 const QStringList titles = spectrumTitles(*window);
                 expectNoSpeciesFile(path);
-                QVERIFY(!window->loadSpecies(path));
+                QVERIFY(!window->openEntry(path));
                 QVERIFY2(dialogs->passed(), dialogs->report().constData());
                 QCOMPARE(window->windowTitle(), title);
                 QCOMPARE(cell(*window, SpeciesModel::Name), name);
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, content);
         QFETCH(QStringList, titles);
         const QString path = sandbox->write(u"in/odd.json"_s, content);
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - odd.json"_s);
         QCOMPARE(cell(*window, SpeciesModel::Name), u"Water"_s);
         QCOMPARE(spectrumTitles(*window), titles);

@@ -217,8 +217,7 @@ private Q_SLOTS:
         QStringList titles;
         for (int i = 0; i < 60; ++i)
             titles.append(QString::number(i));
-        QVERIFY(
-            window->loadSpecies(sandbox->write(u"many.json"_s, speciesFile(u"Water"_s, titles))));
+        QVERIFY(window->openEntry(sandbox->write(u"many.json"_s, speciesFile(u"Water"_s, titles))));
         QCOMPARE(subWindows(*window).size(), 60);
     }
 
@@ -307,7 +306,7 @@ private:
         const QJsonObject file{
             {u"Type"_s, u"Species v1"_s}, {u"Species"_s, species}, {u"Dataset1"_s, dataset}};
         const QString path = sandbox->write(u"a.json"_s, QJsonDocument(file).toJson());
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json"_s);
         QCOMPARE(subWindows(*window).size(), 1);
         // The sub-windows of before have been closed but are still there.

@@ -271,7 +271,7 @@ private:
     /// to.
     [[nodiscard]] QByteArray savedBy(MainWindow& window, const QByteArray& entry) const
     {
-        if (!window.loadSpecies(sandbox->write(u"files/entry.json"_s, entry)))
+        if (!window.openEntry(sandbox->write(u"files/entry.json"_s, entry)))
             qFatal("the entry was not opened");
         TestSupport::trigger(window, "actionSaveSpecies");
         return sandbox->read(u"files/entry.json"_s);

@@ -147,7 +147,7 @@ private:
         window = std::make_unique<MainWindow>();
         window->resize(size);
         QVERIFY(TestSupport::showActive(*window));
-        QVERIFY(window->loadSpecies(
+        QVERIFY(window->openEntry(
             sandbox.write(u"water.json"_s,
                           R"({"Type": "Species v1", "Species": {"Name": "water"}, "Dataset1": {
                 "Title": "A title of usual length", "E": [9.2642, 10.45, 11.2138],

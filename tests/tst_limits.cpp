@@ -196,7 +196,7 @@ private Q_SLOTS:
         species.insert(key, text);
         expected.insert(u"Species"_s, species);
         QVERIFY(saved() == expected);
-        QVERIFY(window->loadSpecies(sandbox->path(u"a.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"a.json"_s)));
         QCOMPARE(field->toPlainText(), text);
     }
 
@@ -208,7 +208,7 @@ private Q_SLOTS:
                                        {u"StructuralFormula"_s,
                                         QString::fromLatin1(absurdlyLargePng().toBase64())}}},
             {u"Dataset1"_s, TestSupport::datasetTitled(u"one"_s)}};
-        QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, QJsonDocument(file).toJson())));
+        QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, QJsonDocument(file).toJson())));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json"_s);
         QCOMPARE(TestSupport::cell(*window, SpeciesModel::Name), u"benzene"_s);
         QCOMPARE(TestSupport::spectrumTitles(*window), QStringList{u"one"_s});
@@ -261,7 +261,7 @@ private:
     void open(const QStringList& titles)
     {
         const QByteArray text = TestSupport::speciesFile(u"benzene"_s, titles);
-        QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, text)));
+        QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, text)));
         QCOMPARE(TestSupport::spectra(*window).size(), titles.size());
     }
 
@@ -273,7 +273,7 @@ private:
                                        {u"CAS"_s, u"58-08-2"_s},
                                        {u"StructuralFormula"_s,
                                         QString::fromLatin1(png(yellowPicture()).toBase64())}}}};
-        QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, QJsonDocument(file).toJson())));
+        QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, QJsonDocument(file).toJson())));
         window->findChild<QNetworkAccessManager*>()->setProxy(host.proxy());
     }
 

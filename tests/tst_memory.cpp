@@ -122,7 +122,7 @@ private:
     /// Opens an entry, edits, saves and copies it, steps to the next and empties the window.
     void workRound()
     {
-        QVERIFY(window->loadSpecies(sandbox->path(u"entries/a.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"entries/a.json"_s)));
         QVERIFY(!TestSupport::child<QLabel>(*window, "imageLabel")->pixmap().isNull());
         auto* comment = TestSupport::child<QTextEdit>(*window, "lineEditVIEComment");
         TestSupport::typeInto(*comment, u"seen"_s);

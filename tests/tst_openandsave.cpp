@@ -80,7 +80,7 @@ private Q_SLOTS:
         load(speciesFile(u"Water"_s));
         const QString path =
             sandbox->write(u"b.json"_s, R"({"Type": "Species v1", "Dataset1": {"Title": "one"}})");
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QCOMPARE(cell(*window, SpeciesModel::Name), QString());
         QCOMPARE(spectrumTitles(*window), QStringList{u"one"_s});
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - b.json"_s);
@@ -204,7 +204,7 @@ private Q_SLOTS:
 private:
     void load(const QByteArray& file)
     {
-        QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, file)));
+        QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, file)));
     }
 
     [[nodiscard]] QJsonObject save() const

@@ -278,7 +278,7 @@ private Q_SLOTS:
 
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
-        QVERIFY(window.loadSpecies(path));
+        QVERIFY(window.openEntry(path));
         lookAtEverything(window);
         const auto fields = window.findChildren<CleanTextEdit*>();
         int filled = 0;
@@ -328,7 +328,7 @@ private Q_SLOTS:
             sandbox->write(fileName(), TestSupport::speciesFile(u"benzene"_s, {title, title}));
         MainWindow window;
         QVERIFY(TestSupport::showActive(window));
-        QVERIFY(window.loadSpecies(path));
+        QVERIFY(window.openEntry(path));
         const QString windowTitle = "KORVELA Entry Edit - "_L1 + fileName();
         QCOMPARE(window.windowTitle(), windowTitle);
         QCOMPARE(TestSupport::spectra(window).constFirst()->windowTitle(), title);
@@ -417,7 +417,7 @@ private Q_SLOTS:
             lookAtEverything(dialog);
             dialog.close();
         });
-        QVERIFY(!window.loadSpecies(path));
+        QVERIFY(!window.openEntry(path));
         QVERIFY(nothingWasRead());
     }
 

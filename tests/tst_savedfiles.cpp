@@ -373,7 +373,7 @@ private Q_SLOTS:
         QVERIFY(QDir(sandbox->path()).mkdir(u"files"_s) && QDir(sandbox->path()).mkdir(u"in"_s));
         setFolder(sandbox->path(), 0, 0, 0755);
         source = sandbox->write(u"in/source.json"_s, largeEntry());
-        QVERIFY(window->loadSpecies(source));
+        QVERIFY(window->openEntry(source));
     }
 
     void cleanup() override

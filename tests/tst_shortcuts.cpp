@@ -50,7 +50,7 @@ private Q_SLOTS:
     {
         WindowTest::init();
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"Water"_s, {u"one"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
     }
 
     void cleanWorksInside_data() { allFields(); }

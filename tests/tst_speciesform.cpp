@@ -87,7 +87,7 @@ class TestSpeciesForm : public WindowTest
     /// Loads a species file, so that the document is unmodified from here on.
     [[nodiscard]] bool loadEntry(const QByteArray& species) const
     {
-        return window->loadSpecies(sandbox->write(
+        return window->openEntry(sandbox->write(
             u"entry.json"_s, "{\"Type\": \"Species v1\", \"Species\": " + species + "}"));
     }
 

@@ -53,7 +53,7 @@ private Q_SLOTS:
     {
         WindowTest::init();
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"A"_s, {u"one"_s, u"two"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
     }
 
     // The container
@@ -405,7 +405,7 @@ private:
     void openWithoutSpectra()
     {
         const QString path = sandbox->write(u"a.json"_s, speciesFile(u"A"_s));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QVERIFY(subWindows(*window).isEmpty());
     }
 

@@ -156,7 +156,7 @@ private Q_SLOTS:
 private:
     void open(const QStringList& titles)
     {
-        QVERIFY(window->loadSpecies(
+        QVERIFY(window->openEntry(
             sandbox->write(u"entry.json"_s, TestSupport::speciesFile(u"benzene"_s, titles))));
         QCoreApplication::processEvents();
         QCOMPARE(bar()->count(), titles.size());

@@ -93,7 +93,7 @@ private Q_SLOTS:
         host->serve(caffeineTarget, png(plainPicture(Qt::red)));
         const QString file = sandbox->write(
             u"caffeine.json"_s, "{\"Type\":\"Species v1\",\"Species\":{\"CAS\":\"58-08-2\"}}");
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         clickDownload();
         QVERIFY(finishDownload());
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - caffeine.json *"_s);

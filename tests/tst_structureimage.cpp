@@ -352,7 +352,7 @@ private:
     void loadEntryWith(const QImage& image)
     {
         const QString file = sandbox->write(u"entry.json"_s, entryWith(image));
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         verifyUnmodified();
     }
 

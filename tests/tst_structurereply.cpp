@@ -317,7 +317,7 @@ private:
         const QString file = sandbox->write(
             u"old.json"_s,
             "{\"Type\":\"Species v1\",\"Species\":{\"StructuralFormula\":\"" + picture + "\"}}");
-        QVERIFY(window->loadSpecies(file));
+        QVERIFY(window->openEntry(file));
         QCOMPARE(storedPicture(), twoColours(QImage::Format_RGB32));
     }
 

@@ -43,7 +43,7 @@ private Q_SLOTS:
     {
         watch(window->findChild<SpeciesModel*>(), &SpeciesModel::dataChanged);
         watch(child<QMdiArea>(*window, "mdiArea"), &QMdiArea::subWindowActivated);
-        QVERIFY(window->loadSpecies(entryFile(u"a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
         verifyWaited();
         window->cleanUp();
         verifyWaited();
@@ -63,7 +63,7 @@ private Q_SLOTS:
         const QString path =
             content.isEmpty() ? sandbox->path(u"b.json"_s) : sandbox->write(u"b.json"_s, content);
         expectBoxWithoutWaiting();
-        QVERIFY(!window->loadSpecies(path));
+        QVERIFY(!window->openEntry(path));
         verifyOver();
 
         expectBoxWithoutWaiting();
@@ -92,7 +92,7 @@ private Q_SLOTS:
 
     void saving()
     {
-        QVERIFY(window->loadSpecies(entryFile(u"a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
         window->setModified();
         watch(window.get(), &QWidget::windowTitleChanged);
         trigger(*window, "actionSaveSpecies");
@@ -103,7 +103,7 @@ private Q_SLOTS:
     {
         const QString folder = sandbox->path(u"folder"_s);
         QVERIFY(QDir().mkdir(folder));
-        QVERIFY(window->loadSpecies(entryFile(u"folder/a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"folder/a.json"_s)));
         QVERIFY(QDir(folder).removeRecursively());
         expectBoxWithoutWaiting();
         trigger(*window, "actionSaveSpecies");
@@ -131,7 +131,7 @@ private Q_SLOTS:
 
     void exchangingSpectra()
     {
-        QVERIFY(window->loadSpecies(entryFile(u"a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
         watch(QGuiApplication::clipboard(), &QClipboard::dataChanged);
         trigger(*window, "actionCopy");
         verifyWaited();
@@ -147,7 +147,7 @@ private Q_SLOTS:
 
     void savingASpectrum()
     {
-        QVERIFY(window->loadSpecies(entryFile(u"a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
         dialogs->expectFileDialog(u"Save Spectrum"_s, sandbox->path(u"s.json"_s));
         trigger(*window, "actionSaveSpectrumAs");
         verifyOver();
@@ -209,7 +209,7 @@ private Q_SLOTS:
 
     void changingPoints()
     {
-        QVERIFY(window->loadSpecies(entryFile(u"a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
         auto* points = child<QPlainTextEdit>(*window, "textEditSpect");
         watch(points, &QPlainTextEdit::textChanged);
         child<QPushButton>(*window, QTest::currentDataTag())->click();
@@ -218,7 +218,7 @@ private Q_SLOTS:
 
     void refusingToThinALineSpectrum()
     {
-        QVERIFY(window->loadSpecies(entryFile(u"a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
         child<QAbstractButton>(*window, "checkBoxLineSpectrum")->click();
         expectBoxWithoutWaiting();
         child<QPushButton>(*window, "buttonSparse")->click();
@@ -227,7 +227,7 @@ private Q_SLOTS:
 
     void takingOverTypedPoints()
     {
-        QVERIFY(window->loadSpecies(entryFile(u"a.json"_s)));
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
         const SpectrumModel* model = spectra(*window).constFirst()->model();
         child<QPlainTextEdit>(*window, "textEditSpect")->setPlainText(u"9 1\n10 2"_s);
         watch(model, &SpectrumModel::spectrumDataChanged);

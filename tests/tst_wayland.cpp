@@ -50,7 +50,7 @@ private Q_SLOTS:
     {
         const QString path =
             sandbox->write(u"a.json"_s, speciesFile(u"Water"_s, {u"one"_s, u"two"_s}));
-        QVERIFY(window->loadSpecies(path));
+        QVERIFY(window->openEntry(path));
         QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - a.json"_s);
         QCOMPARE(spectrumTitles(*window), (QStringList{u"one"_s, u"two"_s}));
         for (const SpectrumWindow* spectrum : spectra(*window))
@@ -61,7 +61,7 @@ private Q_SLOTS:
     {
         auto* form = child<QDockWidget>(*window, "speciesDock");
         const auto* name = child<QTextEdit>(*window, "lineEditSpecies");
-        QVERIFY(window->loadSpecies(sandbox->write(u"a.json"_s, speciesFile(u"Water"_s))));
+        QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, speciesFile(u"Water"_s))));
         for (int round = 0; round < 3; ++round) {
             form->setFloating(true);
             QVERIFY(QTest::qWaitForWindowExposed(form));

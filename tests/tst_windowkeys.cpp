@@ -29,7 +29,7 @@ private Q_SLOTS:
         WindowTest::init();
         for (const auto& name : {u"a"_s, u"b"_s, u"c"_s})
             sandbox->write(name + u".json", speciesFile(name, {u"one"_s, u"two"_s, u"three"_s}));
-        QVERIFY(window->loadSpecies(sandbox->path(u"b.json"_s)));
+        QVERIFY(window->openEntry(sandbox->path(u"b.json"_s)));
     }
 
     void filesAreSteppedThrough_data()

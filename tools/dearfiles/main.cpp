@@ -59,7 +59,7 @@ int use(const QString& path)
         MainWindow window;
         window.show();
         QCoreApplication::processEvents();
-        window.loadSpecies(path);
+        window.openEntry(path);
         QCoreApplication::processEvents();
         window.grab();
         window.grab();
