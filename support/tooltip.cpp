@@ -14,7 +14,7 @@ QString plain(const QString& text)
         return {};
     const QString shown =
         text.size() > mostCharacters ? QString(text.first(mostCharacters) + u'\u2026') : text;
-    return "<p style=\"white-space: pre-wrap\">"_L1 + shown.toHtmlEscaped() + "</p>"_L1;
+    return R"(<p style="white-space: pre-wrap">)"_L1 + shown.toHtmlEscaped() + "</p>"_L1;
 }
 
 } // namespace ToolTip

@@ -244,7 +244,7 @@ void ManualPictures::takeDatabase()
         visitor->whenOneOpens([this](QWidget& fileDialog) {
             const QStringList entries =
                 inSteppingOrder(examplesFolder.entryList({u"*.json"_s}, QDir::Files));
-            const QString names = u'"' + entries.join("\" \""_L1) + u'"';
+            const QString names = u'"' + entries.join(R"(" ")"_L1) + u'"';
             Visitor::chooseFiles(fileDialog, names);
         });
         child<QAbstractButton>(dialog, "pushButton_2")->click();
