@@ -84,7 +84,7 @@ QString ofSoMany(const Deviants& deviants, qsizetype all)
 /// The last day that has begun anywhere on earth, which is up to 14 hours ahead.
 QDate latestToday()
 {
-    return QDateTime::currentDateTimeUtc().addSecs(14 * 3600).date();
+    return QDateTime::currentDateTimeUtc().addSecs(qint64{14} * 3600).date();
 }
 
 QDate createdOn(const PlacedSpectrum& spectrum)
