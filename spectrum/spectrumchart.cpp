@@ -58,6 +58,7 @@ std::unique_ptr<QChart> build()
 {
     auto chart = std::make_unique<QChart>();
     chart->legend()->hide();
+    chart->hide(); // or it would be laid out anew for each thing that is added
     constexpr QMargins half(10, 10, 10, 10); // of the usual, and none around: the plot needs it
     chart->setMargins(half);
     chart->layout()->setContentsMargins(0, 0, 0, 0);

@@ -14,7 +14,7 @@ class QChart;
 /// one of intensities (arbitrary units).
 namespace SpectrumChart {
 
-/// An empty chart, without a legend.
+/// An empty chart, without a legend; hidden, until somebody shows it.
 [[nodiscard]] std::unique_ptr<QChart> build();
 
 /// Draws the points, as sticks or as a curve, and fits the axes to them; a zoom ends. No points

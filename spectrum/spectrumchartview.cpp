@@ -37,6 +37,7 @@ void SpectrumChartView::takeChart(std::unique_ptr<QChart> newChart)
     // The view hands its old chart back to the caller.
     const std::unique_ptr<QChart> replaced(chart());
     newChart->hide();
+    textRoom.reset();
     const QSize smallest = minimumSize(); // which the toolkit replaces, here as in fitChart()
     const QList<QAbstractAxis*> axes = newChart->axes();
     for (const QAbstractAxis* axis : axes) {
@@ -49,6 +50,14 @@ void SpectrumChartView::takeChart(std::unique_ptr<QChart> newChart)
 
 QSize SpectrumChartView::minimumSizeHint() const
 {
+    // Layouts ask often, and measuring text is dear.
+    if (!textRoom || textRoom->first != font())
+        textRoom = {font(), roomForText()};
+    return textRoom->second.expandedTo({0, minimumHeight()});
+}
+
+QSize SpectrumChartView::roomForText() const
+{
     // The usual number of ticks with usual numbers, what stands left of or below them, and margins.
     constexpr int ticks = 5;
     constexpr int margins = 40;
@@ -60,8 +69,7 @@ QSize SpectrumChartView::minimumSizeHint() const
     for (const QAbstractAxis* axis : axes)
         title =
             std::max(title, QFontMetrics(axis->titleFont()).horizontalAdvance(axis->titleText()));
-    return {energies + intensities + margins,
-            std::max(minimumHeight(), title + 3 * metrics.height() + margins)};
+    return {energies + intensities + margins, title + 3 * metrics.height() + margins};
 }
 
 QSize SpectrumChartView::sizeHint() const

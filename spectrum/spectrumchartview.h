@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 class QLabel;
 
@@ -52,6 +53,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    [[nodiscard]] QSize roomForText() const;
     void readOut(QPointF position);
     void refreshReadOut();
     void moveReadOut(QPointF step);
@@ -62,6 +64,7 @@ private:
     void positionHoverLabel();
 
     QLabel* hoverLabel;
+    mutable std::optional<std::pair<QFont, QSize>> textRoom; ///< For this font; none yet at first.
     std::optional<QPointF> readOutPosition; ///< In the view; none until something was read out.
     int zoomSteps = 0;                      ///< By key, since the whole spectrum was shown.
     bool fitted = false;                    ///< Whether the chart has the size of the view.
