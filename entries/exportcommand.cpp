@@ -13,6 +13,7 @@
 #include <QDir>
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -92,10 +93,10 @@ bool exists(const QString& path)
 class Export
 {
 public:
-    Export(Console& output, const Format& wanted, const QString& outputPath, bool overwrite)
+    Export(Console& output, const Format& wanted, QString outputPath, bool overwrite)
         : console(output)
         , format(wanted)
-        , target(outputPath)
+        , target(std::move(outputPath))
         , force(overwrite)
         , names(QString::fromLatin1(wanted.suffix))
     {}
