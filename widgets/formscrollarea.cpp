@@ -17,6 +17,12 @@ FormScrollArea::FormScrollArea(QWidget* parent)
             [this](QWidget* /*old*/, QWidget* now) { showFocus(now); });
 }
 
+FormScrollArea::~FormScrollArea()
+{
+    // Fields that lose the focus while they are destroyed must not reach an area that is half gone.
+    qApp->disconnect(this);
+}
+
 QSize FormScrollArea::minimumSizeHint() const
 {
     constexpr int fewestCharacters = 20;

@@ -13,6 +13,7 @@ class FormScrollArea : public QScrollArea
 
 public:
     explicit FormScrollArea(QWidget* parent = nullptr);
+    ~FormScrollArea() override;
 
     /// Some lines of some words; where the horizontal scroll bar is switched off, as wide as the
     /// form and a scroll bar.
