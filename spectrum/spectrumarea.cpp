@@ -51,7 +51,7 @@ void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
     focusActive();
 }
 
-void SpectrumArea::focusActive()
+void SpectrumArea::focusActive() const
 {
     if (SpectrumWindow* spectrum = active())
         spectrum->setFocus();

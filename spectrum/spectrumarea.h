@@ -43,7 +43,7 @@ public:
 
 private:
     void showFirst();
-    void focusActive();
+    void focusActive() const;
 
     QMdiArea& area;
     SpectrumTabs* tabs; ///< Belongs to the area.

@@ -35,6 +35,7 @@ void report()
     double seconds = 0;
     for (const timeval& time : {own.ru_utime, own.ru_stime, others.ru_utime, others.ru_stime})
         seconds += static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): the system declares it so
     const long mebibytes = (own.ru_maxrss + others.ru_maxrss) / 1024;
     QTextStream(stdout) << seconds << '\t' << mebibytes << Qt::endl;
 }
