@@ -59,6 +59,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     for (qsizetype i = 0; i < points.size(); ++i)
         Fuzz::require(same(points.at(i), expected.at(i)),
                       "the quick parser reads the same numbers");
+    Fuzz::require(PointText::census(lines.join(u'\n')).points == points.size(),
+                  "counting finds the same points");
 
     const auto resampled = SpectrumPoints::resampled(points);
     constexpr qsizetype mostGridValues = 3000; // the full scan is quadratic

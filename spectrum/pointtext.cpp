@@ -55,6 +55,9 @@ public:
 
     [[nodiscard]] bool atEnd() const { return next == end; }
 
+    /// How much has not been read yet.
+    [[nodiscard]] qsizetype left() const { return end - next; }
+
     /// The point of the line that begins here, all of which is then read; empty, with nothing read,
     /// for every other line.
     std::optional<QPointF> point()
@@ -172,6 +175,13 @@ private:
     const char16_t* end;
 };
 
+/// The point of the line that begins where the scanner stands; the line is read, whatever it is.
+std::optional<QPointF> nextPoint(PlainLineScanner& scanner)
+{
+    const std::optional<QPointF> point = operationsAreExact ? scanner.point() : std::nullopt;
+    return point ? point : PointText::parseLineByExpression(scanner.line().toString());
+}
+
 /// One line for each point, joined by line feeds.
 template <typename AppendLine>
 QString textOf(const QList<QPointF>& points, AppendLine appendLine)
@@ -208,13 +218,53 @@ QList<QPointF> parse(QStringView text)
     points.reserve(text.size() / shortestUsualLine);
     PlainLineScanner scanner(text);
     while (!scanner.atEnd()) {
-        std::optional<QPointF> point = operationsAreExact ? scanner.point() : std::nullopt;
-        if (!point)
-            point = parseLineByExpression(scanner.line().toString());
+        const std::optional<QPointF> point = nextPoint(scanner);
         if (point)
             points.append(*point);
     }
     return points;
+}
+
+std::optional<QPointF> pointOf(QStringView line)
+{
+    PlainLineScanner scanner(line);
+    return nextPoint(scanner);
+}
+
+bool isBlank(QStringView line)
+{
+    return line.trimmed().isEmpty();
+}
+
+void forEachLine(QStringView text, const std::function<void(const Line& line)>& visit)
+{
+    PlainLineScanner scanner(text);
+    Line line;
+    bool another = true;
+    while (another) {
+        line.position = text.size() - scanner.left();
+        line.point = nextPoint(scanner);
+        const qsizetype next = text.size() - scanner.left();
+        another = next > line.position && text.at(next - 1) == QChar(lineFeed);
+        line.length = next - line.position - (another ? 1 : 0);
+        visit(line);
+        ++line.number;
+    }
+}
+
+Census census(QStringView text)
+{
+    Census census;
+    forEachLine(text, [&census, text](const Line& line) {
+        if (line.point) {
+            ++census.points;
+        } else if (!isBlank(text.sliced(line.position, line.length))) {
+            ++census.otherLines;
+            if (census.firstOtherLine == 0)
+                census.firstOtherLine = line.number + 1;
+        }
+    });
+    return census;
 }
 
 std::optional<QPointF> parseLineByExpression(const QString& line)

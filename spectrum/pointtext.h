@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 /// The text form of a spectrum's points: one point a line, photon energy (eV), then intensity
@@ -23,6 +24,38 @@ namespace PointText {
 /// What defines a point line: split at every match of the separator expression, two parts, both
 /// converted by the toolkit in the C locale.
 [[nodiscard]] std::optional<QPointF> parseLineByExpression(const QString& line);
+
+/// The point of one line, which holds no line feed; empty for a line that is no point. Always what
+/// parse() makes of the line.
+[[nodiscard]] std::optional<QPointF> pointOf(QStringView line);
+
+/// Whether the line shows nothing: such lines are no points, but nobody's mistake either.
+[[nodiscard]] bool isBlank(QStringView line);
+
+/// One line of a text.
+struct Line
+{
+    qsizetype number = 0;   ///< Counted from 0.
+    qsizetype position = 0; ///< Of its first character in the text.
+    qsizetype length = 0;   ///< Without the line feed.
+    std::optional<QPointF> point;
+};
+
+/// Shows @p visit every line of a text in order, those that are no points too; what follows the
+/// last line feed is a line as well, empty or not.
+void forEachLine(QStringView text, const std::function<void(const Line& line)>& visit);
+
+/// How the lines of a text were understood. Blank lines are in neither count.
+struct Census
+{
+    qsizetype points = 0;
+    qsizetype otherLines = 0; ///< Lines that are no points.
+    /// Number, counted from 1, of the first line that is no point; 0 when there is none.
+    qsizetype firstOtherLine = 0;
+};
+
+/// Counts the lines of a text in one pass, at about the price of parse().
+[[nodiscard]] Census census(QStringView text);
 
 /// The text without its empty lines; lines of blanks stay.
 [[nodiscard]] QString withoutEmptyLines(const QString& text);

@@ -214,6 +214,56 @@ private Q_SLOTS:
         const MaybePoint byExpression = PointText::parseLineByExpression(line);
         QVERIFY2(samePoint(byExpression, point), qPrintable(describe(byExpression)));
         QCOMPARE(PointText::parse(line).size(), point ? 1 : 0);
+        const MaybePoint ofTheLine = PointText::pointOf(line);
+        QVERIFY2(samePoint(ofTheLine, point), qPrintable(describe(ofTheLine)));
+    }
+
+    void everyLineIsShownWithItsPlace_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("lines");
+        QTest::newRow("nothing") << QString() << QStringList{u"0:"_s};
+        QTest::newRow("one") << u"1 2"_s << QStringList{u"0:1 2*"_s};
+        QTest::newRow("last one empty") << u"1 2\n"_s << QStringList{u"0:1 2*"_s, u"1:"_s};
+        QTest::newRow("only line feeds") << u"\n\n"_s << QStringList{u"0:"_s, u"1:"_s, u"2:"_s};
+        QTest::newRow("all kinds")
+            << u"eV\n1 2\n\n1 2 3\n 0x1 2 \n1.00000000000000000000 2 \n5"_s
+            << QStringList{u"0:eV"_s,    u"1:1 2*"_s,    u"2:"_s,
+                           u"3:1 2 3"_s, u"4: 0x1 2 "_s, u"5:1.00000000000000000000 2 *"_s,
+                           u"6:5"_s};
+    }
+    void everyLineIsShownWithItsPlace()
+    {
+        QFETCH(QString, text);
+        QStringList lines;
+        PointText::forEachLine(text, [&](const PointText::Line& line) {
+            lines += QString::number(line.number) + u':' + text.mid(line.position, line.length) +
+                     (line.point ? u"*"_s : QString());
+        });
+        QTEST(lines, "lines");
+    }
+
+    void linesAreCounted_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("points");
+        QTest::addColumn<int>("others");
+        QTest::addColumn<int>("first");
+        QTest::newRow("nothing") << QString() << 0 << 0 << 0;
+        QTest::newRow("points only") << u"1 2\n3 4"_s << 2 << 0 << 0;
+        QTest::newRow("blank lines are neither")
+            << u"\n1 2\n \t\n\u00a0\u2003\r\n3 4\n\n"_s << 2 << 0 << 0;
+        QTest::newRow("heading") << u"E I\n1 2\n3 4"_s << 2 << 1 << 1;
+        QTest::newRow("first of several") << u"\n1 2\n1,5 2,0\n3 4\n#"_s << 2 << 2 << 3;
+        QTest::newRow("separators only are a line") << u"1 2\n,;\n"_s << 1 << 1 << 2;
+    }
+    void linesAreCounted()
+    {
+        QFETCH(QString, text);
+        const PointText::Census census = PointText::census(text);
+        QTEST(static_cast<int>(census.points), "points");
+        QTEST(static_cast<int>(census.otherLines), "others");
+        QTEST(static_cast<int>(census.firstOtherLine), "first");
     }
 
     void partOfALongerTextIsReadAlone()
@@ -287,8 +337,10 @@ private Q_SLOTS:
             const QString line = text.section(u'\n', -1);
             const QList<QPointF> points = PointText::parse(text);
             QCOMPARE(points.size(), countByExpression(text));
+            QCOMPARE(PointText::census(text).points, points.size());
             const MaybePoint quick = quickPoint(line);
             const MaybePoint byExpression = PointText::parseLineByExpression(line);
+            QVERIFY(samePoint(PointText::pointOf(line), byExpression));
             if (!samePoint(quick, byExpression)) {
                 const QString problem =
                     u"seed %1, line %2, \"%3\": %4 is not %5"_s.arg(seed).arg(i).arg(
