@@ -5,10 +5,10 @@
 
 #include "species/specieshint.h"
 #include "species/speciesmodel.h"
+#include "species/structuredownload.h"
 #include "spectrum/spectrumarea.h"
 #include "support/messages.h"
 #include "ui_mainwindow.h"
-#include "widgets/darktext.h"
 #include "widgets/entrydrops.h"
 #include "widgets/fieldhint.h"
 #include "widgets/formdock.h"
@@ -23,18 +23,37 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Both energy fields show a value with its uncertainty whole; the headings stand above the
+/// columns.
+void fitEnergyColumns(const Ui::MainWindow& ui)
+{
+    constexpr int frameAndMargins = 16;
+    const QFontMetrics metrics = ui.lineEditAIE->fontMetrics();
+    const int width = metrics.horizontalAdvance(u"99.99999 \u00b1 0.00009"_s) + frameAndMargins;
+    ui.lineEditAIE->setFixedWidth(width);
+    ui.lineEditVIE->setFixedWidth(width);
+    const int gap = ui.horizontalLayout_2->spacing();
+    ui.horizontalLayout_4->setSpacing(width - ui.label_11->maximumWidth() + gap);
+    ui.label_11->setMinimumWidth(ui.label_11->maximumWidth());
+}
+
+} // namespace
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui::MainWindow>())
     , networkManager(new QNetworkAccessManager(this))
     , speciesModel(new SpeciesModel(this))
     , mapper(new QDataWidgetMapper(this))
+    , download(new StructureDownload(networkManager))
 {
     qRegisterMetaType<QNetworkReply*>();
     ui->setupUi(this);
     setCentralWidget(ui->centralwidget);
     spectra = std::make_unique<SpectrumArea>(*ui->mdiArea);
-    fitForm();
+    fitEnergyColumns(*ui);
 
     connectSignals();
     connectActions();
@@ -42,9 +61,12 @@ MainWindow::MainWindow(QWidget* parent)
     setAcceptDrops(true);
     new FormDock(this, ui->speciesDock);
     new EntryDrops(this);
-    new WindowShortcuts(this);
     Messages::keepAllPlain(this);
-    addKeys();
+    // Those that stand in the tool bar only have no shortcuts of their own.
+    auto* shortcuts = new WindowShortcuts(this);
+    shortcuts->add(Qt::ALT | Qt::Key_PageUp, ui->actionPreviousFile);
+    shortcuts->add(Qt::ALT | Qt::Key_PageDown, ui->actionNextFile);
+    shortcuts->add(Qt::CTRL | Qt::SHIFT | Qt::Key_F, ui->actionSelectFolder);
     ui->buttonDownload->setToolTip(ui->buttonDownload->accessibleDescription());
     new FieldHint(ui->lineEditCAS, &SpeciesHint::aboutCasNumber);
     new FieldHint(ui->lineEditMass, &SpeciesHint::aboutMass);
@@ -59,38 +81,24 @@ MainWindow::~MainWindow()
     delete ui->mdiArea;
 }
 
-QString MainWindow::jsonFileFilter()
-{
-    return tr("JSON Files (*.json);;All Files (*)");
-}
-
-void MainWindow::fitForm()
-{
-    setDarkText(*ui->speciesDock);
-    const QList<QWidget*> formWidgets = ui->speciesDock->findChildren<QWidget*>();
-    for (QWidget* widget : formWidgets)
-        setDarkText(*widget);
-
-    // Both energy fields show a value with its uncertainty whole; the headings stand above the
-    // columns.
-    constexpr int frameAndMargins = 16;
-    const QString widestEnergy = u"99.99999 \u00b1 0.00009"_s;
-    const int energyWidth = fontMetrics().horizontalAdvance(widestEnergy) + frameAndMargins;
-    ui->lineEditAIE->setFixedWidth(energyWidth);
-    ui->lineEditVIE->setFixedWidth(energyWidth);
-    const int gap = ui->horizontalLayout_2->spacing();
-    ui->horizontalLayout_4->setSpacing(energyWidth - ui->label_11->maximumWidth() + gap);
-    ui->label_11->setMinimumWidth(ui->label_11->maximumWidth());
-}
-
 void MainWindow::connectSignals()
 {
     connect(ui->buttonDownload, &QPushButton::clicked, this, &MainWindow::onButtonDownloadClicked);
-    // Nobody else learns for which substance a person asks.
-    networkManager->setRedirectPolicy(QNetworkRequest::SameOriginRedirectPolicy);
     connect(networkManager, &QNetworkAccessManager::finished, this, &MainWindow::onImageDownloaded);
+    connect(download, &StructureDownload::runningChanged, ui->buttonDownload,
+            [button = ui->buttonDownload](bool running) {
+                if (running)
+                    button->setCursor(Qt::BusyCursor);
+                else
+                    button->unsetCursor();
+            });
     ui->imageLabel->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(ui->imageLabel, &QLabel::customContextMenuRequested, this, &MainWindow::showImageMenu);
+    const QKeySequence imageMenu(Qt::CTRL | Qt::SHIFT | Qt::Key_I);
+    connect(new QShortcut(imageMenu, this), &QShortcut::activated, this,
+            [this] { showImageMenu(ui->imageLabel->rect().center()); });
+    ui->imageLabel->setToolTip(
+        tr("Structure: right click or %1").arg(imageMenu.toString(QKeySequence::NativeText)));
 }
 
 void MainWindow::connectActions()
@@ -113,31 +121,6 @@ void MainWindow::connectActions()
             &MainWindow::loadPreviousSpeciesFile);
     connect(ui->actionNextFile, &QAction::triggered, this, &MainWindow::loadNextSpeciesFile);
     connect(speciesModel, &SpeciesModel::imageChanged, this, &MainWindow::showImage);
-}
-
-void MainWindow::addKeys()
-{
-    // Beside the actions, whose shortcuts people know: those that stand in the tool bar have none.
-    const auto add = [this](const QKeySequence& keys, QAction* action) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, action, &QAction::trigger);
-        action->setToolTip(
-            u"%1 (%2)"_s.arg(action->text(), keys.toString(QKeySequence::NativeText)));
-    };
-    add(Qt::ALT | Qt::Key_PageUp, ui->actionPreviousFile);
-    add(Qt::ALT | Qt::Key_PageDown, ui->actionNextFile);
-    add(Qt::CTRL | Qt::SHIFT | Qt::Key_F, ui->actionSelectFolder);
-
-    const QKeySequence imageMenu(Qt::CTRL | Qt::SHIFT | Qt::Key_I);
-    connect(new QShortcut(imageMenu, this), &QShortcut::activated, this,
-            [this] { showImageMenu(ui->imageLabel->rect().center()); });
-    ui->imageLabel->setToolTip(
-        tr("Structure: right click or %1").arg(imageMenu.toString(QKeySequence::NativeText)));
-
-    // The area knows these keys only while one of its spectra has the focus.
-    connect(new QShortcut(Qt::CTRL | Qt::Key_Tab, this), &QShortcut::activated, this,
-            [this] { spectra->activateNext(); });
-    connect(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, this), &QShortcut::activated,
-            this, [this] { spectra->activatePrevious(); });
 }
 
 void MainWindow::setupMapper()

@@ -19,6 +19,7 @@ class QNetworkReply;
 class SpeciesModel;
 class SpectrumArea;
 class SpectrumWindow;
+class StructureDownload;
 
 namespace Ui {
 class MainWindow;
@@ -71,15 +72,12 @@ public Q_SLOTS:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     // Construction
-    void fitForm();
     void connectSignals();
     void connectActions();
-    void addKeys();
     void setupMapper();
 
     // Document life
@@ -98,13 +96,11 @@ private:
     void showSpecies(const QJsonObject& content);
     /// Writes the document to the current file.
     void saveSpeciesFile();
-    [[nodiscard]] static QString jsonFileFilter();
 
     // Folder stepping
     /// Loads the first species file of the folder (@p direction 0), or the one before (-1) or
     /// behind (1) the file @p path. Returns whether a file was loaded.
     bool step(const QString& path, int direction);
-    void showNoSpeciesFileFound(int direction);
 
     // Spectrum windows
     void addSpectrumWindow(SpectrumWindow* window);
@@ -114,7 +110,6 @@ private:
     void saveSpectrum();
 
     // Structure image
-    void showWhetherDownloading();
     void showImage();
     void showImageMenu(const QPoint& position);
     void clearImage();
@@ -124,6 +119,7 @@ private:
     QNetworkAccessManager* networkManager;
     SpeciesModel* speciesModel;
     QDataWidgetMapper* mapper;
+    StructureDownload* download; ///< Belongs to the network manager.
     std::unique_ptr<SpectrumArea> spectra;
     CreateDatabase* createDatabase = nullptr;
     QString currentFile; ///< Full path; empty while the document is untitled.

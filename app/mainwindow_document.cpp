@@ -9,6 +9,7 @@
 #include "spectrum/spectrumarea.h"
 #include "support/droppedfile.h"
 #include "support/jsonfile.h"
+#include "support/jsonfiledialog.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
@@ -17,7 +18,6 @@
 
 #include <QCloseEvent>
 #include <QDataWidgetMapper>
-#include <QFileDialog>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -71,8 +71,7 @@ void MainWindow::clear()
 
 void MainWindow::openSpecies()
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Species JSON File"),
-                                                      LastOpenFolder::path(), jsonFileFilter());
+    const QString path = JsonFileDialog::nameToOpen(this, tr("Open Species JSON File"));
     if (!path.isEmpty())
         openEntry(path);
 }
@@ -116,8 +115,7 @@ void MainWindow::saveSpecies()
 void MainWindow::saveSpeciesAs()
 {
     const QString start = currentFile.isEmpty() ? LastOpenFolder::path() : currentFile;
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Save Species JSON File"), start, jsonFileFilter());
+    const QString path = JsonFileDialog::nameToSave(this, tr("Save Species JSON File"), start);
     if (path.isEmpty())
         return;
     currentFile = path;
@@ -159,12 +157,6 @@ void MainWindow::saveSpeciesFile()
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!droppedJsonFile(event->mimeData()).isEmpty())
-        acceptEntryDrag(event);
-}
-
-void MainWindow::dragMoveEvent(QDragMoveEvent* event)
 {
     if (!droppedJsonFile(event->mimeData()).isEmpty())
         acceptEntryDrag(event);

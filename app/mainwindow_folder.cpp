@@ -13,6 +13,42 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+namespace {
+
+void showWhyNoStep(QWidget* parent, SpeciesFolder::Step::Outcome outcome)
+{
+    using Outcome = SpeciesFolder::Step::Outcome;
+    const auto tell = [parent](const QString& title, const QString& text) {
+        Messages::information(parent, title, text);
+    };
+    switch (outcome) {
+    case Outcome::NoJsonFiles:
+        tell(MainWindow::tr("No JSON Files"),
+             MainWindow::tr("No JSON files found in the directory."));
+        break;
+    case Outcome::NoFileToStepFrom:
+        tell(MainWindow::tr("No Current File"),
+             MainWindow::tr("No current file loaded to step from."));
+        break;
+    case Outcome::NoSpeciesFiles:
+        tell(MainWindow::tr("No Species Files"),
+             MainWindow::tr("No species JSON files found in the directory."));
+        break;
+    case Outcome::NoOtherSpeciesFiles:
+        tell(MainWindow::tr("No Other Species Files"),
+             MainWindow::tr("No other species JSON files found in the directory."));
+        break;
+    case Outcome::FileNotInFolder:
+        Messages::warning(parent, MainWindow::tr("Error"),
+                          MainWindow::tr("Current file is not in the directory."));
+        break;
+    case Outcome::Found:
+        break;
+    }
+}
+
+} // namespace
+
 void MainWindow::selectSpeciesFolder()
 {
     const QString start =
@@ -43,43 +79,14 @@ bool MainWindow::step(const QString& path, int direction)
 {
     const LeftField left(*this);
     const WaitCursor waiting;
-    const QFileInfo start(path);
-    const SpeciesFolder folder(start.isDir() ? path : start.absolutePath());
-    if (folder.isEmpty()) {
-        Messages::information(this, tr("No JSON Files"),
-                              tr("No JSON files found in the directory."));
-        return false;
-    }
-    if (start.isDir() && direction != 0) {
-        Messages::information(this, tr("No Current File"),
-                              tr("No current file loaded to step from."));
-        return false;
-    }
-    if (!start.isDir() && !folder.contains(start.fileName())) {
-        Messages::warning(this, tr("Error"), tr("Current file is not in the directory."));
-        return false;
-    }
-
-    const auto found =
-        direction == 0 ? folder.first() : folder.neighbour(start.fileName(), direction);
-    if (!found) {
-        showNoSpeciesFileFound(direction);
+    const SpeciesFolder::Step step = SpeciesFolder::step(path, direction);
+    if (step.outcome != SpeciesFolder::Step::Outcome::Found) {
+        showWhyNoStep(this, step.outcome);
         return false;
     }
     // A save question comes in between and may change the very file, which is then read again.
     if (isModified)
-        return openEntry(found->path);
-    replaceDocument(found->path, found->content);
+        return openEntry(step.found.path);
+    replaceDocument(step.found.path, step.found.content);
     return true;
-}
-
-void MainWindow::showNoSpeciesFileFound(int direction)
-{
-    if (direction == 0) {
-        Messages::information(this, tr("No Species Files"),
-                              tr("No species JSON files found in the directory."));
-    } else {
-        Messages::information(this, tr("No Other Species Files"),
-                              tr("No other species JSON files found in the directory."));
-    }
 }

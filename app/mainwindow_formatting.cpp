@@ -5,9 +5,9 @@
 
 #include "app/mainwindow.h"
 #include "support/messages.h"
+#include "widgets/textalignment.h"
 
 #include <QApplication>
-#include <QTextEdit>
 
 void MainWindow::applySubscript()
 {
@@ -21,21 +21,15 @@ void MainWindow::applySuperscript()
 
 void MainWindow::applyTextFormatting(QTextCharFormat::VerticalAlignment alignment)
 {
-    auto* field = qobject_cast<QTextEdit*>(QApplication::focusWidget());
-    if (field == nullptr) {
+    switch (TextAlignment::toggle(QApplication::focusWidget(), alignment)) {
+    case TextAlignment::Outcome::Changed:
+        break;
+    case TextAlignment::Outcome::NoTextField:
         Messages::warning(this, tr("No Text Field Focused"),
                           tr("Please focus on a text field to apply formatting."));
-        return;
-    }
-    QTextCursor cursor = field->textCursor();
-    if (!cursor.hasSelection()) {
+        break;
+    case TextAlignment::Outcome::NoSelection:
         Messages::information(this, tr("No Selection"), tr("Please select text to format."));
-        return;
+        break;
     }
-
-    QTextCharFormat format;
-    const bool toggleBack = cursor.charFormat().verticalAlignment() == alignment;
-    format.setVerticalAlignment(toggleBack ? QTextCharFormat::AlignNormal : alignment);
-    cursor.mergeCharFormat(format);
-    field->setTextCursor(cursor);
 }

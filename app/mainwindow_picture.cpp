@@ -19,14 +19,10 @@ void MainWindow::showImage()
     const QImage image = speciesModel->image();
     if (image.isNull()) {
         ui->imageLabel->clear();
-        return;
+    } else {
+        ui->imageLabel->setPixmap(StructurePicture::fitted(image, ui->imageLabel->size(),
+                                                           ui->imageLabel->devicePixelRatioF()));
     }
-    // As many pixels as the screen has there: a label doubles smaller pictures, which blurs them.
-    const double pixelRatio = ui->imageLabel->devicePixelRatioF();
-    QPixmap picture = QPixmap::fromImage(image).scaled(
-        ui->imageLabel->size() * pixelRatio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    picture.setDevicePixelRatio(pixelRatio);
-    ui->imageLabel->setPixmap(picture);
 }
 
 void MainWindow::showImageMenu(const QPoint& position)

@@ -9,12 +9,12 @@
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
 #include "support/jsonfile.h"
+#include "support/jsonfiledialog.h"
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
 
 #include <QClipboard>
-#include <QFileDialog>
 #include <QJsonDocument>
 #include <QPointer>
 
@@ -70,8 +70,7 @@ void MainWindow::pasteSpectrum()
 void MainWindow::openSpectrum()
 {
     // A cancelled dialog answers with an empty path, which goes on to the message on purpose.
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Spectrum JSON File"),
-                                                      LastOpenFolder::path(), jsonFileFilter());
+    const QString path = JsonFileDialog::nameToOpen(this, tr("Open Spectrum JSON File"));
     const WaitCursor waiting;
     const JsonFile::ReadResult file = JsonFile::read(path);
     if (!file.opened) {
@@ -93,8 +92,8 @@ void MainWindow::saveSpectrum()
         Messages::warning(this, tr("Error"), tr("No active spectrum window to save."));
         return;
     }
-    const QString path = QFileDialog::getSaveFileName(this, u"Save Spectrum"_s,
-                                                      LastOpenFolder::path(), jsonFileFilter());
+    const QString path =
+        JsonFileDialog::nameToSave(this, u"Save Spectrum"_s, LastOpenFolder::path());
     if (path.isEmpty() || spectrum.isNull())
         return;
     const WaitCursor waiting;

@@ -7,12 +7,34 @@
 #include "species/speciesfile.h"
 #include "support/jsonfile.h"
 
+#include <QFileInfo>
+
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 SpeciesFolder::SpeciesFolder(const QString& folder)
     : directory(folder)
     , fileNames(inSteppingOrder(directory.entryList({u"*.json"_s}, QDir::Files)))
 {}
+
+SpeciesFolder::Step SpeciesFolder::step(const QString& path, int direction)
+{
+    using Outcome = Step::Outcome;
+    const QFileInfo start(path);
+    const SpeciesFolder folder(start.isDir() ? path : start.absolutePath());
+    if (folder.isEmpty())
+        return {Outcome::NoJsonFiles};
+    if (start.isDir() && direction != 0)
+        return {Outcome::NoFileToStepFrom};
+    if (!start.isDir() && !folder.contains(start.fileName()))
+        return {Outcome::FileNotInFolder};
+
+    auto found = direction == 0 ? folder.first() : folder.neighbour(start.fileName(), direction);
+    if (!found)
+        return {direction == 0 ? Outcome::NoSpeciesFiles : Outcome::NoOtherSpeciesFiles};
+    return {Outcome::Found, *std::move(found)};
+}
 
 bool SpeciesFolder::contains(const QString& fileName) const
 {

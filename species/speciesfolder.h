@@ -20,6 +20,25 @@ public:
         QJsonObject content;
     };
 
+    /// Where a step leads, or why it leads nowhere.
+    struct Step
+    {
+        enum class Outcome {
+            Found,
+            NoJsonFiles,
+            NoFileToStepFrom,
+            FileNotInFolder,
+            NoSpeciesFiles,
+            NoOtherSpeciesFiles
+        };
+        Outcome outcome;
+        Found found = {};
+    };
+
+    /// The step to the first species file of a folder (@p direction 0) or from the file @p path to
+    /// the one before (-1) or behind (1) it.
+    [[nodiscard]] static Step step(const QString& path, int direction);
+
     /// Lists the files that are in @p folder now.
     explicit SpeciesFolder(const QString& folder);
 

@@ -56,4 +56,12 @@ bool isAdmitted(const QImage& image)
     return PictureLimits::admit(image.size());
 }
 
+QPixmap fitted(const QImage& image, const QSize& size, double pixelRatio)
+{
+    QPixmap picture = QPixmap::fromImage(image).scaled(size * pixelRatio, Qt::KeepAspectRatio,
+                                                       Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(pixelRatio);
+    return picture;
+}
+
 } // namespace StructurePicture

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPixmap>
 
 /// The structure image on its way into and out of files.
 namespace StructurePicture {
@@ -22,5 +23,9 @@ namespace StructurePicture {
 
 /// Whether the image has no more pixels than decode() reads, so that it can be read again.
 [[nodiscard]] bool isAdmitted(const QImage& image);
+
+/// The image as large as it fits into @p size, given in the pixels of the toolkit, with as many
+/// pixels as a screen of that ratio has there: a label doubles smaller pictures, which blurs them.
+[[nodiscard]] QPixmap fitted(const QImage& image, const QSize& size, double pixelRatio);
 
 } // namespace StructurePicture

@@ -48,25 +48,8 @@ void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
     area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
     showFirst();
     area.setUpdatesEnabled(true);
-    focusActive();
-}
-
-void SpectrumArea::focusActive() const
-{
     if (SpectrumWindow* spectrum = active())
         spectrum->setFocus();
-}
-
-void SpectrumArea::activateNext()
-{
-    area.activateNextSubWindow();
-    focusActive();
-}
-
-void SpectrumArea::activatePrevious()
-{
-    area.activatePreviousSubWindow();
-    focusActive();
 }
 
 void SpectrumArea::showFirst()

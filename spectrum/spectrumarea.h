@@ -33,17 +33,12 @@ public:
     /// The spectrum records in the order in which the windows were added.
     [[nodiscard]] QList<QJsonObject> records() const;
 
-    /// Brings the spectrum behind or before the one in front to the front and gives it the focus.
-    void activateNext();
-    void activatePrevious();
-
     /// Closes the spectrum in front, without a question. Returns whether there was one.
     bool closeActive();
     void closeAll();
 
 private:
     void showFirst();
-    void focusActive() const;
 
     QMdiArea& area;
     SpectrumTabs* tabs; ///< Belongs to the area.

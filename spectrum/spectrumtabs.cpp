@@ -8,6 +8,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QTabBar>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,24 @@ SpectrumTabs::SpectrumTabs(QMdiArea* mdiArea)
     bar->setElideMode(Qt::ElideRight);
     bar->setExpanding(false);
     bar->installEventFilter(this);
+    addKeys();
+}
+
+void SpectrumTabs::addKeys()
+{
+    // The area itself knows these keys only while one of its spectra has the focus.
+    const auto* next = new QShortcut(Qt::CTRL | Qt::Key_Tab, area);
+    connect(next, &QShortcut::activated, area, &QMdiArea::activateNextSubWindow);
+    connect(next, &QShortcut::activated, this, &SpectrumTabs::focusSpectrum);
+    const auto* previous = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, area);
+    connect(previous, &QShortcut::activated, area, &QMdiArea::activatePreviousSubWindow);
+    connect(previous, &QShortcut::activated, this, &SpectrumTabs::focusSpectrum);
+}
+
+void SpectrumTabs::focusSpectrum()
+{
+    if (const QMdiSubWindow* active = area->activeSubWindow())
+        active->widget()->setFocus();
 }
 
 void SpectrumTabs::follow(QMdiSubWindow* subWindow)

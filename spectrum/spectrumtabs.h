@@ -13,7 +13,8 @@ class QTabBar;
 
 /// The tabs of the spectra in a multiple-document area. Each shows the beginning of its spectrum's
 /// title, as it is ("&" included), and tells the rest in a tool tip; so many long titles have room
-/// beside each other. A middle click does nothing: closing a spectrum discards it.
+/// beside each other. A middle click does nothing: closing a spectrum discards it. Ctrl+Tab goes
+/// from one to the next, wherever in the window the focus is.
 class SpectrumTabs : public QObject
 {
     Q_OBJECT
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] static QString toolTip(const QString& title);
 
 private:
+    void addKeys();
+    void focusSpectrum();
     void showTitle(const QMdiSubWindow& subWindow);
 
     QMdiArea* area;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "species/casnumber.h"
-#include "species/structureimagerequest.h"
+#include "species/structuredownload.h"
 
 #include <QTest>
 
@@ -206,7 +206,7 @@ private Q_SLOTS:
     {
         QFETCH(const QString, digits);
         QFETCH(const QByteArray, address);
-        const QUrl url = structureImageUrl(digits);
+        const QUrl url = StructureDownload::address(digits);
         QVERIFY(url.isValid());
         QCOMPARE(url.toEncoded(), address);
         QCOMPARE(url.scheme(), u"https"_s);

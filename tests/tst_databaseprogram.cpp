@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/databasecommand.h"
+#include "database/databaseprogram.h"
 #include "support/applicationicon.h"
 #include "tests/support/dialogscript.h"
 #include "tests/support/documentwindow.h"
@@ -50,7 +50,7 @@ private Q_SLOTS:
     {
         expectCompilation(u"good.json"_s);
         expectSuccess();
-        QCOMPARE(runDatabaseProgram(), EXIT_SUCCESS);
+        QCOMPARE(DatabaseProgram::run(), EXIT_SUCCESS);
         QVERIFY(sandbox->read(u"all.json"_s).contains("\"Type\": \"Database v1\""));
     }
 
@@ -70,7 +70,7 @@ private Q_SLOTS:
             else
                 close(dialog, QDialogButtonBox::Cancel);
         });
-        QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
+        QCOMPARE(DatabaseProgram::run(), EXIT_FAILURE);
     }
 
     void refusedSpeciesFileIsAFailure()
@@ -80,7 +80,7 @@ private Q_SLOTS:
                            "Invalid species type in file: "_L1 + sandbox->path(u"bad.json"_s));
         expectFailure();
         expectCancel();
-        QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
+        QCOMPARE(DatabaseProgram::run(), EXIT_FAILURE);
         QVERIFY(!QFile::exists(sandbox->path(u"all.json"_s)));
     }
 
@@ -90,7 +90,7 @@ private Q_SLOTS:
         expectCompilation(u"good.json"_s, u"out/all.json"_s);
         expectFailure();
         expectCancel();
-        QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
+        QCOMPARE(DatabaseProgram::run(), EXIT_FAILURE);
     }
 
     void dialogComesBackAsItWasAfterAFailure()
@@ -108,7 +108,7 @@ private Q_SLOTS:
             close(dialog, QDialogButtonBox::Ok);
         });
         expectSuccess();
-        QCOMPARE(runDatabaseProgram(), EXIT_SUCCESS);
+        QCOMPARE(DatabaseProgram::run(), EXIT_SUCCESS);
         QVERIFY(QFile::exists(sandbox->path(u"out/all.json"_s)));
     }
 
@@ -122,7 +122,7 @@ private Q_SLOTS:
                            u"At least one species has to be added to the database."_s);
         expectFiles(u"good.json"_s, u"all.json"_s);
         expectSuccess();
-        QCOMPARE(runDatabaseProgram(), EXIT_SUCCESS);
+        QCOMPARE(DatabaseProgram::run(), EXIT_SUCCESS);
     }
 
     void noMainWindowIsMade()
@@ -132,7 +132,7 @@ private Q_SLOTS:
                 dialogs->complain(u"there is a window besides the dialog"_s);
             close(dialog, QDialogButtonBox::Cancel);
         });
-        QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
+        QCOMPARE(DatabaseProgram::run(), EXIT_FAILURE);
     }
 
     void dialogHasTheIconOfTheEditor()
@@ -145,7 +145,7 @@ private Q_SLOTS:
                 dialogs->complain(u"the dialog has another icon"_s);
             close(dialog, QDialogButtonBox::Cancel);
         });
-        QCOMPARE(runDatabaseProgram(), EXIT_FAILURE);
+        QCOMPARE(DatabaseProgram::run(), EXIT_FAILURE);
     }
 
 private:

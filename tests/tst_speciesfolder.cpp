@@ -16,6 +16,8 @@ class TestSpeciesFolder : public QObject
 {
     Q_OBJECT
 
+    using Outcome = SpeciesFolder::Step::Outcome;
+
     static void writeSpecies(const Sandbox& sandbox, const QString& fileName)
     {
         sandbox.write(fileName, TestSupport::speciesFile(fileName));
@@ -50,6 +52,51 @@ private Q_SLOTS:
         QVERIFY(found);
         QCOMPARE(found->path, sandbox.path(u"a2.json"_s));
         QCOMPARE(found->content[u"Species"][u"Name"].toString(), u"a2.json"_s);
+    }
+
+    void stepSaysWhereItLeadsOrWhyNot_data()
+    {
+        QTest::addColumn<QStringList>("species");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<int>("direction");
+        QTest::addColumn<Outcome>("outcome");
+        QTest::addColumn<QString>("found");
+        const QStringList three{u"a.json"_s, u"b.json"_s, u"c.json"_s};
+        const QString none;
+        QTest::newRow("nothing there")
+            << QStringList() << none << 0 << Outcome::NoJsonFiles << none;
+        QTest::newRow("first") << three << none << 0 << Outcome::Found << u"a.json"_s;
+        QTest::newRow("from a folder") << three << none << 1 << Outcome::NoFileToStepFrom << none;
+        QTest::newRow("next") << three << u"b.json"_s << 1 << Outcome::Found << u"c.json"_s;
+        QTest::newRow("previous") << three << u"b.json"_s << -1 << Outcome::Found << u"a.json"_s;
+        QTest::newRow("around") << three << u"c.json"_s << 1 << Outcome::Found << u"a.json"_s;
+        QTest::newRow("first beside a file")
+            << three << u"c.json"_s << 0 << Outcome::Found << u"a.json"_s;
+        QTest::newRow("not there") << three << u"d.json"_s << 1 << Outcome::FileNotInFolder << none;
+        QTest::newRow("alone") << QStringList(u"a.json"_s) << u"a.json"_s << 1
+                               << Outcome::NoOtherSpeciesFiles << none;
+    }
+
+    void stepSaysWhereItLeadsOrWhyNot()
+    {
+        QFETCH(const QStringList, species);
+        QFETCH(const QString, from);
+        QFETCH(const int, direction);
+        QFETCH(const Outcome, outcome);
+        const Sandbox sandbox;
+        for (const QString& name : species)
+            writeSpecies(sandbox, name);
+        const SpeciesFolder::Step step = SpeciesFolder::step(sandbox.path(from), direction);
+        QCOMPARE(step.outcome, outcome);
+        QTEST(QFileInfo(step.found.path).fileName(), "found");
+        QCOMPARE(step.found.content.isEmpty(), outcome != Outcome::Found);
+    }
+
+    void stepIntoAFolderWithoutSpeciesFilesSaysSo()
+    {
+        const Sandbox sandbox;
+        sandbox.write(u"a.json"_s, "{}");
+        QCOMPARE(SpeciesFolder::step(sandbox.path(), 0).outcome, Outcome::NoSpeciesFiles);
     }
 
     void folderWithoutSpeciesFilesHasNoFirst()

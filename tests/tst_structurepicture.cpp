@@ -92,6 +92,16 @@ class TestStructurePicture : public SandboxTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void fittedPictureHasAsManyPixelsAsTheScreen()
+    {
+        const QImage wide(1000, 300, QImage::Format_RGB32);
+        const QPixmap reduced = StructurePicture::fitted(wide, {200, 150}, 2.0);
+        QCOMPARE(reduced.size(), QSize(400, 120));
+        QCOMPARE(reduced.deviceIndependentSize(), QSizeF(200, 60));
+        const QImage small(20, 20, QImage::Format_RGB32);
+        QCOMPARE(StructurePicture::fitted(small, {200, 150}, 1.0).size(), QSize(150, 150));
+    }
+
     void pngIsWrittenInBase64()
     {
         const QString text = StructurePicture::toBase64Png(picture());

@@ -40,9 +40,15 @@ bool EntryDrops::eventFilter(QObject* watched, QEvent* event)
     default:
         return false;
     }
+    const bool isInside = isInsideWindow(watched, *window);
     const auto& drop = *static_cast<QDropEvent*>(event);
-    if (!isInsideWindow(watched, *window) || droppedJsonFile(drop.mimeData()).isEmpty())
+    if ((watched != window && !isInside) || droppedJsonFile(drop.mimeData()).isEmpty())
         return false;
-    static_cast<QObject*>(window)->event(event);
-    return true;
+    if (event->type() == QEvent::DragMove) {
+        acceptEntryDrag(static_cast<QDragMoveEvent*>(event));
+        return true;
+    }
+    if (isInside)
+        static_cast<QObject*>(window)->event(event);
+    return isInside;
 }

@@ -16,8 +16,9 @@ void acceptEntryDrag(QDragMoveEvent* event);
 /// was just opened; where nothing else is offered the answer is that nothing was done to the file.
 void acceptEntryDrop(QDropEvent* event);
 
-/// Hands entry files that are dragged onto any part of a window to the window itself; a text field
-/// would insert their address.
+/// Hands entry files that are dragged into any part of a window and dropped there to the window
+/// itself; a text field would insert their address. On their way across the window they are
+/// accepted here.
 class EntryDrops : public QObject
 {
     Q_OBJECT

@@ -3,6 +3,8 @@
 
 #include "widgets/formdock.h"
 
+#include "widgets/darktext.h"
+
 #include <QDockWidget>
 #include <QEvent>
 #include <QGuiApplication>
@@ -18,6 +20,10 @@ FormDock::FormDock(QMainWindow* mainWindow, QDockWidget* formDock)
     , widestDock(mainWindow->width() / 3)
     , widestPart(1.0 / 3)
 {
+    setDarkText(*dock);
+    const QList<QWidget*> formWidgets = dock->findChildren<QWidget*>();
+    for (QWidget* widget : formWidgets)
+        setDarkText(*widget);
     window->installEventFilter(this);
     dock->installEventFilter(this);
     fitWidth();

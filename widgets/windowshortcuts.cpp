@@ -8,15 +8,24 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QShortcut>
 #include <QWidget>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 WindowShortcuts::WindowShortcuts(QWidget* favouredWindow)
     : QObject(favouredWindow)
     , window(favouredWindow)
 {
     QApplication::instance()->installEventFilter(this);
+}
+
+void WindowShortcuts::add(const QKeySequence& keys, QAction* action)
+{
+    connect(new QShortcut(keys, window), &QShortcut::activated, action, &QAction::trigger);
+    action->setToolTip(u"%1 (%2)"_s.arg(action->text(), keys.toString(QKeySequence::NativeText)));
 }
 
 bool WindowShortcuts::isShortcut(const QKeyEvent& event) const

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/databasecommand.h"
+#include "database/databaseprogram.h"
 #include "support/applicationicon.h"
 
 #include <QApplication>
@@ -10,5 +10,5 @@ int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
     setApplicationIcon();
-    return runDatabaseProgram();
+    return DatabaseProgram::run();
 }
