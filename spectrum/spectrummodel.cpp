@@ -3,6 +3,7 @@
 
 #include "spectrum/spectrummodel.h"
 
+#include "spectrum/pointrewrites.h"
 #include "spectrum/pointtext.h"
 #include "spectrum/spectrumpoints.h"
 #include "support/cleanedhtml.h"
@@ -169,7 +170,7 @@ void SpectrumModel::fromJson(const QJsonObject& record)
         setValue(field.column, QVariant());
 
     readPointArrays(record);
-    writePointText();
+    writePointText(Undoing::Impossible);
 }
 
 void SpectrumModel::readPointArrays(const QJsonObject& record)
@@ -201,7 +202,7 @@ void SpectrumModel::makePointsSparser()
 void SpectrumModel::replacePoints(const QString& lines)
 {
     pointLines = lines;
-    writePointText();
+    writePointText(Undoing::Possible);
     Q_EMIT spectrumDataChanged();
 }
 
@@ -213,10 +214,13 @@ void SpectrumModel::emitSpectrumDataChanged()
     Q_EMIT spectrumDataChanged();
 }
 
-void SpectrumModel::writePointText()
+void SpectrumModel::writePointText(Undoing undoing)
 {
     if (pointText == nullptr)
         return;
     const QScopedValueRollback<bool> writing(writingPointText, true);
-    pointText->setPlainText(pointLines);
+    if (undoing == Undoing::Possible)
+        PointRewrites::of(*pointText).replaceText(pointLines);
+    else
+        pointText->setPlainText(pointLines);
 }

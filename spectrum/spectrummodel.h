@@ -65,19 +65,23 @@ Q_SIGNALS:
     void spectrumDataChanged();
 
 public Q_SLOTS:
-    /// Scales the intensities so that the largest becomes 1000.
+    /// Scales the intensities so that the largest becomes 1000. The editor can undo it.
     void normalizeSpectrum();
 
-    /// Resamples the points on a grid of 1 meV. Line spectra are refused with a message.
+    /// Resamples the points on a grid of 1 meV. Line spectra are refused with a message. The editor
+    /// can undo it.
     void makePointsSparser();
 
 private Q_SLOTS:
     void emitSpectrumDataChanged();
 
 private:
+    /// Whether what is put into the editor can be taken back there.
+    enum class Undoing { Possible, Impossible };
+
     void readPointArrays(const QJsonObject& record);
     void replacePoints(const QString& lines);
-    void writePointText();
+    void writePointText(Undoing undoing);
 
     QTimer* updateTimer;
     QPlainTextEdit* pointText;

@@ -4,6 +4,7 @@
 #include "spectrum/spectrumwindow.h"
 
 #include "spectrum/modifiabledocument.h"
+#include "spectrum/pointrewrites.h"
 #include "spectrum/spectrumchart.h"
 #include "spectrum/spectrummodel.h"
 #include "support/waitcursor.h"
@@ -208,7 +209,7 @@ void SpectrumWindow::onButtonCommaToDotClicked()
 {
     const WaitCursor waiting;
     QString text = ui->textEditSpect->document()->toPlainText();
-    ui->textEditSpect->setPlainText(text.replace(u',', u'.'));
+    PointRewrites::of(*ui->textEditSpect).replaceText(text.replace(u',', u'.'));
 }
 
 void SpectrumWindow::updateLineCount()

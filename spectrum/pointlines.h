@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "spectrum/pointtext.h"
+
+#include <QStringView>
+
+#include <optional>
+
+/// Lines of a point text that are sought by what they mean.
+namespace PointLines {
+
+/// The line whose point lies nearest to @p energy (eV), whatever the order of the points; of points
+/// equally near the first from line @p from on, or else the first of all. Empty when no line is a
+/// point with a finite energy.
+[[nodiscard]] std::optional<PointText::Line> nearest(QStringView text, double energy,
+                                                     qsizetype from = 0);
+
+/// Where line @p line of the text @p before is found again after a command has made @p after of it:
+/// the same line when none was added or taken away, else the same point, else the nearest energy.
+/// Always a line that @p after has.
+[[nodiscard]] qsizetype counterpart(QStringView before, qsizetype line, QStringView after);
+
+} // namespace PointLines
