@@ -50,6 +50,7 @@ int main(int argc, char* argv[])
     QApplication::setCursorFlashTime(0); // nothing is to be painted but what is measured
     Measurements measurements = pointMeasurements();
     measurements.merge(windowMeasurements());
+    measurements.merge(chartMeasurements());
     const auto found = argc < 3 ? measurements.end() : measurements.find(argv[2]);
     if (found == measurements.end())
         qFatal("usage: %s folder measurement [points]", argv[0]);

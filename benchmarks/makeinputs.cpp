@@ -65,7 +65,7 @@ int main(int argc, char* argv[])
 
     for (const int count : {20'000, 100'000, 1'000'000})
         writePoints(folder, count);
-    for (const int points : {1'000, 5'000, 10'000, 100'000})
+    for (const int points : {1'000, 5'000, 10'000, 50'000, 100'000})
         writeEntry(folder.filePath(u"entry-%1.json"_s.arg(points)), 1, 1, points);
     writeEntry(folder.filePath(u"large.json"_s), 1, 20, 5'000);
     writeEntry(folder.filePath(u"pointless.json"_s), 1, 20, 0);

@@ -48,3 +48,6 @@ void keep(qsizetype size);
 
 /// Work of the editor's windows.
 [[nodiscard]] Measurements windowMeasurements();
+
+/// What a person does at a chart and its points, motion by motion.
+[[nodiscard]] Measurements chartMeasurements();

@@ -96,6 +96,30 @@ void showInChart(const QChartView& view, const QList<QPointF>& points)
     fit(Qt::Vertical, &QPointF::y);
 }
 
+QList<QPointF> pointsOf(const QChartView& view)
+{
+    return qobject_cast<QLineSeries*>(view.chart()->series().constFirst())->points();
+}
+
+std::unique_ptr<QChartView> bareChart(const QList<QPointF>& points)
+{
+    auto* chart = new QChart;
+    chart->legend()->hide();
+    auto* series = new QLineSeries;
+    chart->addSeries(series);
+    for (const Qt::Alignment side : {Qt::AlignBottom, Qt::AlignLeft}) {
+        auto* axis = new QValueAxis;
+        chart->addAxis(axis, side);
+        series->attachAxis(axis);
+    }
+    auto view = std::make_unique<QChartView>(chart);
+    view->setRenderHint(QPainter::Antialiasing);
+    view->setRubberBand(QChartView::RectangleRubberBand);
+    if (!points.isEmpty())
+        showInChart(*view, points);
+    return view;
+}
+
 namespace {
 
 QWidget* bareSpectrumWidget(const QJsonObject& dataset)
@@ -136,19 +160,7 @@ QWidget* bareSpectrumWidget(const QJsonObject& dataset)
     auto* editor = new QPlainTextEdit;
     editor->setPlainText(text);
 
-    auto* chart = new QChart;
-    chart->legend()->hide();
-    auto* series = new QLineSeries;
-    chart->addSeries(series);
-    for (const Qt::Alignment side : {Qt::AlignBottom, Qt::AlignLeft}) {
-        auto* axis = new QValueAxis;
-        chart->addAxis(axis, side);
-        series->attachAxis(axis);
-    }
-    auto* view = new QChartView(chart);
-    view->setRenderHint(QPainter::Antialiasing);
-    if (!points.isEmpty())
-        showInChart(*view, points);
+    QChartView* view = bareChart(points).release();
 
     auto* layout = new QVBoxLayout(widget);
     layout->addLayout(fields);

@@ -56,6 +56,12 @@ private:
 /// Replaces the only series of the chart and then the ranges of both axes.
 void showInChart(const QChartView& view, const QList<QPointF>& points);
 
+/// The points of the chart's only series.
+[[nodiscard]] QList<QPointF> pointsOf(const QChartView& view);
+
+/// A chart of Qt Charts with the points, as the editor sets its own up.
+[[nodiscard]] std::unique_ptr<QChartView> bareChart(const QList<QPointF>& points);
+
 /// The same kinds of widgets as a spectrum window, without a line of the editor's code, filled with
 /// the same data: what Qt alone takes.
 class BareWindows

@@ -3,13 +3,15 @@
 
 #include "spectrum/spectrumchartview.h"
 
+#include "spectrum/chartoverlay.h"
+#include "spectrum/plotframe.h"
+#include "spectrum/spectrumchart.h"
 #include "widgets/darktext.h"
 
 #include <QLabel>
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QWheelEvent>
-#include <QtCharts/QAbstractAxis>
 #include <QtCharts/QChart>
 #include <QtCharts/QValueAxis>
 
@@ -38,6 +40,7 @@ void SpectrumChartView::takeChart(std::unique_ptr<QChart> newChart)
     const std::unique_ptr<QChart> replaced(chart());
     newChart->hide();
     textRoom.reset();
+    connect(newChart.get(), &QChart::plotAreaChanged, this, &SpectrumChartView::refreshReadOut);
     const QSize smallest = minimumSize(); // which the toolkit replaces, here as in fitChart()
     const QList<QAbstractAxis*> axes = newChart->axes();
     for (const QAbstractAxis* axis : axes) {
@@ -52,24 +55,8 @@ QSize SpectrumChartView::minimumSizeHint() const
 {
     // Layouts ask often, and measuring text is dear.
     if (!textRoom || textRoom->first != font())
-        textRoom = {font(), roomForText()};
+        textRoom = {font(), SpectrumChart::roomForText(*chart(), fontMetrics())};
     return textRoom->second.expandedTo({0, minimumHeight()});
-}
-
-QSize SpectrumChartView::roomForText() const
-{
-    // The usual number of ticks with usual numbers, what stands left of or below them, and margins.
-    constexpr int ticks = 5;
-    constexpr int margins = 40;
-    const QFontMetrics metrics = fontMetrics();
-    const int energies = ticks * metrics.horizontalAdvance(u"99.99 "_s);
-    const int intensities = metrics.horizontalAdvance(u"10000.00"_s) + metrics.height();
-    int title = 0;
-    const QList<QAbstractAxis*> axes = chart()->axes(Qt::Vertical);
-    for (const QAbstractAxis* axis : axes)
-        title =
-            std::max(title, QFontMetrics(axis->titleFont()).horizontalAdvance(axis->titleText()));
-    return {energies + intensities + margins, title + 3 * metrics.height() + margins};
 }
 
 QSize SpectrumChartView::sizeHint() const
@@ -102,11 +89,10 @@ void SpectrumChartView::mouseReleaseEvent(QMouseEvent* event)
         showAll();
         return;
     }
-    // A slip of some pixels would show a piece of the spectrum in which there is nothing.
-    constexpr int smallestZoom = 8;
     auto* band = findChild<QRubberBand*>();
     if (band != nullptr && std::min(band->width(), band->height()) < smallestZoom)
         band->hide();
+    const SpectrumChart::WithoutPoints whileZooming(*chart());
     QChartView::mouseReleaseEvent(event);
 }
 
@@ -137,6 +123,7 @@ void SpectrumChartView::fitChart()
     if (fitted)
         return;
     fitted = true;
+    const SpectrumChart::WithoutPoints whileFitting(*chart());
     if (!chart()->isVisible()) {
         chart()->show();
         // An axis keeps asking for no room, as it did while it was hidden, until something about it
@@ -202,17 +189,41 @@ void SpectrumChartView::focusOutEvent(QFocusEvent* event)
 void SpectrumChartView::drawForeground(QPainter* painter, const QRectF& rect)
 {
     QChartView::drawForeground(painter, rect);
+    if (const auto position = markPosition())
+        ChartOverlay::drawMark(*painter, *position);
     if (!hasFocus())
         return;
-    painter->setRenderHint(QPainter::Antialiasing, false);
-    painter->setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter->drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
-    if (!readOutPosition)
+    ChartOverlay::drawFocus(*painter, viewport()->rect(), palette().color(QPalette::Highlight));
+    if (readOutPosition)
+        ChartOverlay::drawCross(*painter, *readOutPosition);
+}
+
+void SpectrumChartView::setMark(std::optional<QPointF> point)
+{
+    if (point == mark)
         return;
-    constexpr qreal arm = 6;
-    painter->setPen(Qt::black); // on the chart's white, whatever the desktop's colours
-    painter->drawLine(*readOutPosition - QPointF(arm, 0), *readOutPosition + QPointF(arm, 0));
-    painter->drawLine(*readOutPosition - QPointF(0, arm), *readOutPosition + QPointF(0, arm));
+    repaintMark();
+    mark = point;
+    repaintMark();
+}
+
+std::optional<QPointF> SpectrumChartView::markPosition() const
+{
+    const auto* shown = qobject_cast<const SpectrumChart*>(chart());
+    if (!mark || shown == nullptr || !shown->isVisible())
+        return {};
+    const PlotFrame frame = shown->frame();
+    const QPointF position = frame.position(*mark);
+    // An empty range has no place for anything.
+    if (frame.isEmpty() || !frame.area.adjusted(-1, -1, 1, 1).contains(position))
+        return {};
+    return position;
+}
+
+void SpectrumChartView::repaintMark()
+{
+    if (const auto position = markPosition())
+        viewport()->update(ChartOverlay::markArea(*position));
 }
 
 void SpectrumChartView::readOut(QPointF position)
@@ -239,6 +250,7 @@ void SpectrumChartView::moveReadOut(QPointF step)
 
 void SpectrumChartView::zoomIn()
 {
+    const SpectrumChart::WithoutPoints whileZooming(*chart());
     ++zoomSteps;
     chart()->zoomIn();
 }
@@ -248,6 +260,7 @@ void SpectrumChartView::zoomOut()
     if (zoomSteps <= 1) {
         showAll();
     } else {
+        const SpectrumChart::WithoutPoints whileZooming(*chart());
         --zoomSteps;
         chart()->zoomOut();
     }
@@ -255,6 +268,7 @@ void SpectrumChartView::zoomOut()
 
 void SpectrumChartView::showAll()
 {
+    const SpectrumChart::WithoutPoints whileZooming(*chart());
     zoomSteps = 0;
     chart()->zoomReset();
 }

@@ -4,7 +4,6 @@
 #include "spectrum/spectrumwindow.h"
 
 #include "spectrum/modifiabledocument.h"
-#include "spectrum/otherlinemarks.h"
 #include "spectrum/pointrewrites.h"
 #include "spectrum/spectrumchart.h"
 #include "spectrum/spectrummodel.h"
@@ -51,7 +50,6 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     setFocusProxy(ui->lineEditTitle);
     arrange();
     new WheelGuard(ui->comboBoxType); // its open list is another widget
-    new OtherLineMarks(ui->textEditSpect);
     for (QPushButton* button : {ui->buttonNormalize, ui->buttonSparse, ui->buttonCommaToDot})
         button->setToolTip(button->accessibleDescription());
     fillMappingTable();
@@ -144,7 +142,7 @@ void SpectrumWindow::connectSignals()
 
 void SpectrumWindow::buildChart()
 {
-    ui->chartSpectrum->takeChart(SpectrumChart::build());
+    ui->chartSpectrum->takeChart(std::make_unique<SpectrumChart>());
     ui->splitterSpectrum->setMinimumHeight(ui->chartSpectrum->minimumSizeHint().height());
     ui->chartSpectrum->setRenderHint(QPainter::Antialiasing);
     ui->chartSpectrum->setRubberBand(QChartView::RectangleRubberBand);
@@ -225,7 +223,8 @@ void SpectrumWindow::updateLineCount()
 void SpectrumWindow::updateChart()
 {
     const bool asSticks = spectrumModel->value(SpectrumModel::LineSpectrum).toBool();
-    SpectrumChart::fill(*ui->chartSpectrum->chart(), spectrumModel->points(), asSticks);
+    if (auto* chart = qobject_cast<SpectrumChart*>(ui->chartSpectrum->chart()))
+        chart->fill(spectrumModel->points(), asSticks);
 }
 
 // By itself the Tab key would never leave the child of a multiple-document area.

@@ -82,6 +82,21 @@ bool isNear(const Range& actual, const Range& expected, double tolerance)
                       [tolerance](double a, double b) { return std::abs(a - b) < tolerance; });
 }
 
+/// The largest difference of a pixel's colours between two pictures of the same size.
+int largestDifference(const QImage& first, const QImage& second)
+{
+    int largest = first.size() == second.size() ? 0 : 255;
+    for (int y = 0; largest < 255 && y < first.height(); ++y) {
+        for (int x = 0; x < first.width(); ++x) {
+            const QColor a = first.pixelColor(x, y);
+            const QColor b = second.pixelColor(x, y);
+            largest = std::max({largest, std::abs(a.red() - b.red()),
+                                std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
+        }
+    }
+    return largest;
+}
+
 QString describe(const Range& values)
 {
     QStringList texts;
@@ -154,6 +169,61 @@ private Q_SLOTS:
         const SpectrumWindow window({{u"E"_s, QJsonArray{10, 11}}, {u"I"_s, QJsonArray{5, 7}}});
         QCOMPARE(series(window)->points(), (Points{{10, 5}, {11, 7}}));
         QCOMPARE(range(window), (Range{10, 11, 5, 7}));
+    }
+
+    void seriesKeepsEveryPointWhateverIsShown()
+    {
+        SpectrumWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        Points many;
+        QString text;
+        for (int i = 0; i < 5000; ++i) {
+            many.append({i + 1.0, i % 7 * 1.0});
+            text += u"%1 %2\n"_s.arg(i + 1).arg(i % 7);
+        }
+        setPoints(window, text);
+        QSignalSpy replaced(series(window), &QXYSeries::pointsReplaced);
+        QCOMPARE(series(window)->points(), many);
+        zoomIn(*chartView(window));
+        QVERIFY(chartView(window)->chart()->isZoomed());
+        QCOMPARE(series(window)->points(), many);
+        rightClick(*chartView(window));
+        QCOMPARE(series(window)->points(), many);
+        window.resize(window.width() + 100, window.height() + 50);
+        QCoreApplication::processEvents();
+        QCOMPARE(series(window)->points(), many);
+        QCOMPARE(replaced.count(), 0);
+    }
+
+    void curveLooksAsTheToolkitDrawsIt()
+    {
+        SpectrumWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        setPoints(window, u"9 1\n9.2 70\n9.3 65\n9.7 100\n9.5 20\n10 0"_s);
+        QChart* chart = chartView(window)->chart();
+        // The toolkit rounds where it cuts lines off.
+        const QRect plot = chart->plotArea().toAlignedRect().adjusted(1, 1, -1, -1);
+        const QImage ours = chartView(window)->grab(plot).toImage();
+
+        auto* theirs = new QLineSeries; // of the same colour as ours: it is the first, too
+        theirs->setPen(series(window)->pen());
+        theirs->replace(series(window)->points());
+        series(window)->hide();
+        series(window)->clear();
+        for (QGraphicsItem* item : chart->childItems()) {
+            if (item->cacheMode() != QGraphicsItem::NoCache)
+                item->hide();
+        }
+        QVERIFY(chartView(window)->grab(plot).toImage() != ours);
+        chart->addSeries(theirs);
+        for (QAbstractAxis* itsAxis : chart->axes())
+            theirs->attachAxis(itsAxis);
+        chart->legend()->hide();
+        QCoreApplication::processEvents();
+        constexpr int hardlyVisible = 24; // of 255
+        QVERIFY(largestDifference(chartView(window)->grab(plot).toImage(), ours) < hardlyVisible);
     }
 
     void loadedPointsLookLikeTypedOnes()

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumcurve.h"
+
+#include <QLineF>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPixmapCache>
+
+#include <algorithm>
+
+namespace {
+
+/// Segment by segment, as the toolkit draws series: its rasteriser takes time with the square of
+/// the edges that cross a row of pixels, as those of a noisy spectrum all do. Where there are no
+/// pixels, the line stays one.
+void draw(QPainter& painter, const QPolygonF& line)
+{
+    if (painter.paintEngine()->type() != QPaintEngine::Raster) {
+        painter.drawPolyline(line);
+        return;
+    }
+    QList<QLineF> segments;
+    segments.reserve(line.size());
+    for (qsizetype i = 1; i < line.size(); ++i)
+        segments.append(QLineF(line.at(i - 1), line.at(i)));
+    painter.drawLines(segments);
+}
+
+} // namespace
+
+SpectrumCurve::SpectrumCurve(QGraphicsItem* parent)
+    : QGraphicsItem(parent)
+{
+    // A chart that fills a screen of 3840 x 2160 pixels has to stay in the cache.
+    constexpr int kibibytes = 48 * 1024;
+    QPixmapCache::setCacheLimit(std::max(QPixmapCache::cacheLimit(), kibibytes));
+    setCacheMode(DeviceCoordinateCache);
+    setAcceptedMouseButtons(Qt::NoButton);
+}
+
+void SpectrumCurve::setPoints(const QList<QPointF>& newPoints, const QPen& newPen)
+{
+    points = newPoints;
+    pen = newPen;
+    update();
+}
+
+void SpectrumCurve::setFrame(const PlotFrame& newFrame)
+{
+    prepareGeometryChange();
+    frame = newFrame;
+    update();
+}
+
+QRectF SpectrumCurve::boundingRect() const
+{
+    return frame.area;
+}
+
+void SpectrumCurve::paint(QPainter* painter, const QStyleOptionGraphicsItem* /*option*/,
+                          QWidget* /*widget*/)
+{
+    const QTransform toDevice = painter->deviceTransform();
+    const qreal columns = std::max(1.0, toDevice.m11());
+    painter->setClipRect(frame.area, Qt::IntersectClip);
+    painter->setPen(pen);
+    for (const QPolygonF& line : visibleLines(points, frame, columns, pen.widthF()))
+        draw(*painter, line);
+}
