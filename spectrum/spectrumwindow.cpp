@@ -4,6 +4,7 @@
 #include "spectrum/spectrumwindow.h"
 
 #include "spectrum/modifiabledocument.h"
+#include "spectrum/pointlistlink.h"
 #include "spectrum/pointrewrites.h"
 #include "spectrum/spectrumchart.h"
 #include "spectrum/spectrummodel.h"
@@ -146,6 +147,7 @@ void SpectrumWindow::buildChart()
     ui->splitterSpectrum->setMinimumHeight(ui->chartSpectrum->minimumSizeHint().height());
     ui->chartSpectrum->setRenderHint(QPainter::Antialiasing);
     ui->chartSpectrum->setRubberBand(QChartView::RectangleRubberBand);
+    new PointListLink(*ui->textEditSpect, *ui->chartSpectrum, this);
 }
 
 void SpectrumWindow::applyMappings(int type)
