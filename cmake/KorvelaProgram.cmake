@@ -25,7 +25,6 @@ function(korvela_add_program name title source)
                        MACOSX_BUNDLE_ICON_FILE korvela_entry.icns
         )
         # The deployment tool copies the SVG plugin only into bundles that link the module.
-        find_package(Qt6 6.4 REQUIRED COMPONENTS Svg)
         target_link_libraries(${name} PRIVATE Qt6::Svg)
     else()
         target_link_options(${name} PRIVATE LINKER:-z,relro,-z,now)

@@ -4,11 +4,15 @@
 #include "spectrum/spectrumchartview.h"
 
 #include "spectrum/chartoverlay.h"
+#include "spectrum/chartpicture.h"
 #include "spectrum/plotframe.h"
 #include "spectrum/spectrumchart.h"
 #include "widgets/darktext.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QWheelEvent>
@@ -143,6 +147,11 @@ void SpectrumChartView::fitChart()
 
 void SpectrumChartView::keyPressEvent(QKeyEvent* event)
 {
+    if (event->matches(QKeySequence::Copy)) {
+        if (auto* shown = qobject_cast<SpectrumChart*>(chart()))
+            QGuiApplication::clipboard()->setMimeData(ChartPicture::of(*shown).release());
+        return;
+    }
     constexpr qreal leap = 10;
     const qreal pixels = event->modifiers().testFlag(Qt::ShiftModifier) ? leap : 1;
     switch (event->key()) {

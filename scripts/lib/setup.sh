@@ -16,7 +16,7 @@ log=$root/build/${0##*/}.log
 svg_plugin='qt6-svg-plugins|libqt6svg6'
 build_packages=(
     ca-certificates cmake fonts-dejavu-core g++ libqt6opengl6-dev ninja-build qt6-base-dev
-    qt6-charts-dev "$svg_plugin" zlib1g-dev
+    qt6-charts-dev qt6-svg-dev "$svg_plugin" zlib1g-dev
 )
 
 fail() { # message
