@@ -9,44 +9,41 @@
 
 namespace {
 
-/// A line as one of the points of its text.
-struct Place
+/// The lines of a text that are points.
+struct PointLine
 {
-    qsizetype lines = 0;  ///< Of the text.
-    qsizetype points = 0; ///< Of the text.
-    /// Index of the first point that is not before the line, or of the last point of all.
-    qsizetype point = 0;
-    double energy = std::numeric_limits<double>::quiet_NaN(); ///< Of that point, eV.
+    qsizetype number = 0;
+    double energy = 0; ///< eV
 };
 
-Place placeOf(QStringView text, qsizetype sought)
+QList<PointLine> pointLinesOf(QStringView text)
 {
-    Place place;
-    bool found = false;
-    PointText::forEachLine(text, [&](const PointText::Line& line) {
-        ++place.lines;
-        if (!line.point)
-            return;
-        if (!found) {
-            place.point = place.points;
-            place.energy = line.point->x();
-            found = line.number >= sought;
-        }
-        ++place.points;
-    });
-    return place;
-}
-
-/// The line of the point with this index; empty when there are fewer.
-std::optional<qsizetype> lineOfPoint(QStringView text, qsizetype index)
-{
-    std::optional<qsizetype> found;
-    qsizetype points = 0;
-    PointText::forEachLine(text, [&](const PointText::Line& line) {
-        if (line.point && points++ == index)
-            found = line.number;
+    constexpr qsizetype shortestUsualLine = 8;
+    QList<PointLine> found;
+    found.reserve(text.size() / shortestUsualLine);
+    PointText::forEachLine(text, [&found](const PointText::Line& line) {
+        if (line.point)
+            found.append({line.number, line.point->x()});
     });
     return found;
+}
+
+/// The first point that is not before the line, or the last one of all; there is one.
+qsizetype pointAt(const QList<PointLine>& points, qsizetype line)
+{
+    const auto found = std::lower_bound(
+        points.begin(), points.end(), line,
+        [](const PointLine& point, qsizetype sought) { return point.number < sought; });
+    return std::min<qsizetype>(found - points.begin(), points.size() - 1);
+}
+
+qsizetype nearestLine(const QList<PointLine>& points, double energy)
+{
+    const auto found = std::min_element(
+        points.begin(), points.end(), [energy](const PointLine& a, const PointLine& b) {
+            return std::abs(a.energy - energy) < std::abs(b.energy - energy);
+        });
+    return found->number;
 }
 
 } // namespace
@@ -71,16 +68,25 @@ std::optional<PointText::Line> nearest(QStringView text, double energy, qsizetyp
     return best;
 }
 
-qsizetype counterpart(QStringView before, qsizetype line, QStringView after)
+QList<qsizetype> counterparts(QStringView before, const QList<qsizetype>& lines, QStringView after)
 {
-    const Place place = placeOf(before, line);
-    const Place last = placeOf(after, std::numeric_limits<qsizetype>::max());
-    if (place.lines == last.lines)
-        return std::clamp(line, qsizetype(0), last.lines - 1);
-    if (place.points == last.points)
-        return lineOfPoint(after, place.point).value_or(0);
-    const auto found = nearest(after, place.energy);
-    return found ? found->number : 0;
+    const qsizetype lineFeeds = after.count(u'\n');
+    if (before.count(u'\n') == lineFeeds)
+        return lines;
+
+    const QList<PointLine> old = pointLinesOf(before);
+    const QList<PointLine> now = pointLinesOf(after);
+    QList<qsizetype> found;
+    for (const qsizetype line : lines) {
+        if (old.isEmpty() || now.isEmpty()) {
+            found.append(std::min(line, lineFeeds));
+            continue;
+        }
+        const qsizetype point = pointAt(old, line);
+        found.append(old.size() == now.size() ? now.at(point).number
+                                              : nearestLine(now, old.at(point).energy));
+    }
+    return found;
 }
 
 } // namespace PointLines

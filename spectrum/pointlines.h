@@ -5,6 +5,7 @@
 
 #include "spectrum/pointtext.h"
 
+#include <QList>
 #include <QStringView>
 
 #include <optional>
@@ -18,9 +19,10 @@ namespace PointLines {
 [[nodiscard]] std::optional<PointText::Line> nearest(QStringView text, double energy,
                                                      qsizetype from = 0);
 
-/// Where line @p line of the text @p before is found again after a command has made @p after of it:
-/// the same line when none was added or taken away, else the same point, else the nearest energy.
-/// Always a line that @p after has.
-[[nodiscard]] qsizetype counterpart(QStringView before, qsizetype line, QStringView after);
+/// Where @p lines of the text @p before are found again after a command has made @p after of it:
+/// the same lines when none was added or taken away, else the same points, else the nearest
+/// energies. Always lines that @p after has.
+[[nodiscard]] QList<qsizetype> counterparts(QStringView before, const QList<qsizetype>& lines,
+                                            QStringView after);
 
 } // namespace PointLines

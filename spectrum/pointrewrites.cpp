@@ -64,12 +64,12 @@ void PointRewrites::replaceText(const QString& text)
     Step step;
     step.stepsBefore = undoSteps();
     step.before = view();
-    const auto moved = [&before, &text](qsizetype line) {
-        return PointLines::counterpart(before, line, text);
-    };
-    step.after = {{moved(step.before.anchor.line), step.before.anchor.column},
-                  {moved(step.before.position.line), step.before.position.column},
-                  moved(step.before.top)};
+    step.after = step.before;
+    const QList<qsizetype> lines = PointLines::counterparts(
+        before, {step.before.anchor.line, step.before.position.line, step.before.top}, text);
+    step.after.anchor.line = lines.at(0);
+    step.after.position.line = lines.at(1);
+    step.after.top = lines.at(2);
     {
         const QScopedValueRollback<bool> replacingNow(replacing, true);
         replaceAll(*list->document(), text);
@@ -132,7 +132,7 @@ void PointRewrites::makeRoom(const QString& before, const QString& after)
 
     // A document that can undo keeps the characters of all texts that it ever had, even of those
     // that it can no longer bring back, until it gets a new one.
-    constexpr qsizetype mostCharacters = 32'000'000;
+    constexpr qsizetype mostCharacters = 16'000'000;
     keptCharacters += before.size();
     if (keptCharacters <= mostCharacters)
         return;

@@ -22,7 +22,7 @@ class PointRewrites : public QObject
 public:
     /// What a list keeps for undoing, counted as QTextDocument::availableUndoSteps() does, which is
     /// some 50 bytes each: four for every line of a rewritten text.
-    static constexpr int mostUndoSteps = 2'000'000;
+    static constexpr int mostUndoSteps = 1'200'000;
 
     /// That of this list, which owns it.
     static PointRewrites& of(QPlainTextEdit& list);

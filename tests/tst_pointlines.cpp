@@ -73,15 +73,17 @@ private Q_SLOTS:
         QTest::newRow("nearest energy") << mixed << 3 << grid << 1;
         QTest::newRow("nearest energy, last") << mixed << 5 << grid << 3;
         QTest::newRow("nothing left") << mixed << 3 << QString() << 0;
-        QTest::newRow("no points at all") << u"a\nb\nc"_s << 2 << u"a\nb"_s << 0;
-        QTest::newRow("a line that was never there") << u"1 2"_s << 7 << u"1 3"_s << 0;
+        QTest::newRow("no points at all") << u"a\nb\nc"_s << 2 << u"a\nb"_s << 1;
+        QTest::newRow("no points before") << u"a\nb\nc"_s << 1 << u"1 2\n3 4"_s << 1;
+        QTest::newRow("energies that are none") << u"nan 1\n1 2\n"_s << 0 << u"3 4"_s << 0;
     }
     void lineIsFoundAgainAfterACommand()
     {
         QFETCH(QString, before);
         QFETCH(int, line);
         QFETCH(QString, after);
-        QTEST(static_cast<int>(PointLines::counterpart(before, line, after)), "counterpart");
+        QTEST(static_cast<int>(PointLines::counterparts(before, {line}, after).constFirst()),
+              "counterpart");
     }
 };
 

@@ -283,7 +283,7 @@ private Q_SLOTS:
             broughtBack += list.document()->characterCount();
         }
         QVERIFY(broughtBack > 0);
-        QVERIFY2(broughtBack < 40'000'000, qPrintable(QString::number(broughtBack)));
+        QVERIFY2(broughtBack <= 20'100'000, qPrintable(QString::number(broughtBack)));
     }
 };
 
