@@ -4,6 +4,7 @@
 #include "spectrum/spectrumwindow.h"
 
 #include "spectrum/modifiabledocument.h"
+#include "spectrum/otherlinemarks.h"
 #include "spectrum/pointlistlink.h"
 #include "spectrum/pointrewrites.h"
 #include "spectrum/spectrumchart.h"
@@ -51,6 +52,7 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     setFocusProxy(ui->lineEditTitle);
     arrange();
     new WheelGuard(ui->comboBoxType); // its open list is another widget
+    new OtherLineMarks(ui->textEditSpect);
     for (QPushButton* button : {ui->buttonNormalize, ui->buttonSparse, ui->buttonCommaToDot})
         button->setToolTip(button->accessibleDescription());
     fillMappingTable();

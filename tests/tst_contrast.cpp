@@ -143,6 +143,21 @@ private Q_SLOTS:
         QCOMPARE(measured, 30);
     }
 
+    void linesThatAreNoPoints_data() { desktops(); }
+
+    void linesThatAreNoPoints()
+    {
+        showEntry();
+        auto* list =
+            child<QPlainTextEdit>(*TestSupport::spectra(*window).constFirst(), "textEditSpect");
+        list->setPlainText(u"MMMMMMMM MM\n1MMMMMMMMMMM"_s);
+        QCoreApplication::processEvents();
+        measure(u"lines that are no points"_s, list->viewport()->grab().toImage(),
+                list->viewport()->rect());
+        QCOMPARE(list->extraSelections().size(), 1);
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+    }
+
     void chart_data() { desktops(); }
 
     void chart()
