@@ -3,6 +3,7 @@
 
 #include "spectrum/spectrumwindow.h"
 
+#include "spectrum/fixedwidthdigits.h"
 #include "spectrum/modifiabledocument.h"
 #include "spectrum/otherlinemarks.h"
 #include "spectrum/pointlistlink.h"
@@ -52,6 +53,7 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     setFocusProxy(ui->lineEditTitle);
     arrange();
     new WheelGuard(ui->comboBoxType); // its open list is another widget
+    new FixedWidthDigits(ui->textEditSpect);
     new OtherLineMarks(ui->textEditSpect);
     for (QPushButton* button : {ui->buttonNormalize, ui->buttonSparse, ui->buttonCommaToDot})
         button->setToolTip(button->accessibleDescription());
@@ -90,7 +92,6 @@ void SpectrumWindow::fitChart()
 void SpectrumWindow::arrange()
 {
     constexpr int listWidth = 200;
-    ui->textEditSpect->setMinimumWidth(fontMetrics().horizontalAdvance(u"12.3456 1000.00"_s));
     ui->splitterSpectrum->setSizes({listWidth, width() - listWidth});
     ui->splitterSpectrum->setStretchFactor(1, 1); // what is gained or lost is the chart's
     // The smallest size that the box knows of itself is from before its items had their texts.
