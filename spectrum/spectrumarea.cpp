@@ -13,6 +13,7 @@
 #include <QMdiSubWindow>
 
 #include <algorithm>
+#include <utility>
 
 SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
     : area(multipleDocumentArea)
@@ -21,6 +22,13 @@ SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
 
 void SpectrumArea::add(SpectrumWindow* window)
 {
+    window->setWindowTitle(addWithoutTitle(window));
+}
+
+QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
+{
+    const QString windowTitle = window->windowTitle();
+    window->setWindowTitle({});
     QMdiSubWindow* subWindow = area.addSubWindow(window);
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
     // As a stop of the Tab key it would catch every Shift+Tab of the form.
@@ -33,20 +41,24 @@ void SpectrumArea::add(SpectrumWindow* window)
             subWindow->setWindowTitle(title.first(std::min(title.size(), mostCharacters)));
     };
     QObject::connect(window, &QWidget::windowTitleChanged, subWindow, setCaption);
-    setCaption(window->windowTitle());
     window->show();
+    return windowTitle;
 }
 
 void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
 {
     area.setUpdatesEnabled(false);
+    QList<std::pair<SpectrumWindow*, QString>> titles;
     for (const QJsonObject& dataset : datasets) {
-        add(new SpectrumWindow(dataset, document));
+        auto* window = new SpectrumWindow(dataset, document);
+        titles.append({window, addWithoutTitle(window)});
         // The first one fills the area; all others need not do so only to be covered by the next.
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     }
     area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
     showFirst();
+    for (const auto& [window, title] : std::as_const(titles))
+        window->setWindowTitle(title);
     area.setUpdatesEnabled(true);
     if (SpectrumWindow* spectrum = active())
         spectrum->setFocus();

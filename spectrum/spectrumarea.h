@@ -38,6 +38,9 @@ public:
     void closeAll();
 
 private:
+    /// Adds the window, takes its title away and returns it: a sub-window measures its title again
+    /// and again until it is shown.
+    [[nodiscard]] QString addWithoutTitle(SpectrumWindow* window);
     void showFirst();
 
     QMdiArea& area;

@@ -11,6 +11,8 @@
 #include <QMimeData>
 #include <QToolTip>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
@@ -24,7 +26,7 @@ SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
     setLineWrapMode(QTextEdit::NoWrap);
     setStyleSheet(u"background-color: white; border: 1px solid gray; padding: 2px;"_s);
     setDarkText(*this);
-    adjustHeight();
+    startHeight();
     connect(this, &QTextEdit::textChanged, this, [this] {
         if (!currentHint.isEmpty())
             underline();
@@ -89,6 +91,18 @@ bool SingleLineTextEdit::viewportEvent(QEvent* event)
         return CleanTextEdit::viewportEvent(event);
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipText(), this);
     return true;
+}
+
+void SingleLineTextEdit::startHeight()
+{
+    // All fields are empty at first, and laying each one out to measure it is dear.
+    static std::pair<QString, int> last;
+    const QString key = font().key();
+    if (key != last.first) {
+        adjustHeight();
+        last = {key, height()};
+    }
+    setFixedHeight(last.second);
 }
 
 void SingleLineTextEdit::adjustHeight()

@@ -25,6 +25,7 @@ protected:
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
+    void startHeight();
     void adjustHeight();
     void underline();
     [[nodiscard]] QString toolTipText() const;
