@@ -33,7 +33,6 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
     // As a stop of the Tab key it would catch every Shift+Tab of the form.
     subWindow->setFocusPolicy(Qt::ClickFocus);
-    tabs->follow(subWindow);
     // A sub-window measures its whole title whenever it is laid out, and its tab shows far less.
     const auto setCaption = [subWindow](const QString& title) {
         constexpr qsizetype mostCharacters = 1000;
@@ -41,6 +40,7 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
             subWindow->setWindowTitle(title.first(std::min(title.size(), mostCharacters)));
     };
     QObject::connect(window, &QWidget::windowTitleChanged, subWindow, setCaption);
+    tabs->follow(subWindow); // behind the caption, which the area puts on the tab
     window->show();
     return windowTitle;
 }

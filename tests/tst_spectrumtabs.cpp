@@ -98,6 +98,16 @@ private Q_SLOTS:
         QCOMPARE(bar()->tabText(1), u"two"_s);
     }
 
+    void tabOfAnEndlessTitleIsElided()
+    {
+        open({u"one"_s});
+        SpectrumWindow* spectrum = TestSupport::spectra(*window).constFirst();
+        spectrum->setWindowTitle(QString(5000, u'x'));
+        QVERIFY(bar()->tabText(0).size() < 100);
+        spectrum->setWindowTitle(u"R&D"_s);
+        QCOMPARE(bar()->tabText(0), u"R&&D"_s);
+    }
+
     void ampersandIsNoKey()
     {
         open({u"one"_s, u"R&D"_s});
