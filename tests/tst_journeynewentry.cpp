@@ -74,7 +74,8 @@ private Q_SLOTS:
              &TestJourneyNewEntry::giveItsNumbers, &TestJourneyNewEntry::addSpectrumByTheMenu,
              &TestJourneyNewEntry::describeTheSpectrum, &TestJourneyNewEntry::pasteItsPoints,
              &TestJourneyNewEntry::normaliseAndDrawSticks, &TestJourneyNewEntry::save,
-             &TestJourneyNewEntry::findAllOfItInTheFile});
+             &TestJourneyNewEntry::findAllOfItInTheFile,
+             &TestJourneyNewEntry::stepToTheNextFileAndBack});
     }
 
 private:
@@ -210,6 +211,17 @@ private:
             QJsonDocument::fromJson(sandbox->read(u"water.json"_s)).object(),
             QJsonObject(
                 {{u"Type"_s, u"Species v1"_s}, {u"Species"_s, species}, {u"Dataset1"_s, dataset}}));
+    }
+
+    void stepToTheNextFileAndBack()
+    {
+        sandbox->write(u"xenon.json"_s, speciesFile(u"xenon"_s, {u"PES"_s}));
+        activate();
+        press(Qt::Key_PageDown, Qt::AltModifier);
+        verifyDocument(u"xenon.json"_s, u"xenon"_s, {u"PES"_s});
+        press(Qt::Key_PageUp, Qt::AltModifier);
+        verifyDocument(u"water.json"_s, u"water"_s, {u"Threshold photoelectron spectrum"_s});
+        QCOMPARE(firstSpectrum().model()->points().size(), 3);
     }
 
     QString created;

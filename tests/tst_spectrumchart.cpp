@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "spectrum/spectrumchart.h"
 #include "spectrum/spectrumchartview.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
@@ -113,6 +114,29 @@ class TestSpectrumChart : public SpectrumTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void chartAloneIsFilled()
+    {
+        SpectrumChart chart;
+        const auto* line = qobject_cast<QLineSeries*>(chart.series().constFirst());
+        const auto* energy = qobject_cast<QValueAxis*>(chart.axes(Qt::Horizontal).constFirst());
+        const auto* intensity = qobject_cast<QValueAxis*>(chart.axes(Qt::Vertical).constFirst());
+        const auto seen = [energy, intensity] {
+            return Range{energy->min(), energy->max(), intensity->min(), intensity->max()};
+        };
+
+        chart.fill({{10, 5}, {11, 7}}, false);
+        QVERIFY(!chart.showsSticks());
+        QCOMPARE(line->points(), (Points{{10, 5}, {11, 7}}));
+        QCOMPARE(seen(), (Range{10, 11, 5, 7}));
+        chart.fill({{1, 5}, {2, 3}}, true);
+        QVERIFY(chart.showsSticks());
+        QCOMPARE(line->points(), (Points{{1, 5}, {1, 0}, {2, 3}}));
+        QCOMPARE(seen(), (Range{1, 2, 3, 5}));
+        chart.fill({}, false);
+        QVERIFY(line->points().isEmpty());
+        QCOMPARE(seen(), (Range{1, 2, 3, 5}));
+    }
+
     void chartHasOneLineAndTwoAxes()
     {
         const SpectrumWindow window;

@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumarea.h"
+#include "spectrum/spectrumwindow.h"
+#include "tests/support/documentwindow.h"
+#include "tests/support/sandboxtest.h"
+#include "tests/support/testdocument.h"
+
+#include <QLayout>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <QTabBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace TestSupport;
+
+namespace {
+
+QList<QJsonObject> datasets(const QStringList& titles)
+{
+    QList<QJsonObject> all;
+    for (const QString& title : titles)
+        all.append(datasetTitled(title));
+    return all;
+}
+
+} // namespace
+
+/// The spectra of a document in an area of their own, without the editor's window.
+class TestSpectrumArea : public SandboxTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() override
+    {
+        SandboxTest::init();
+        document = std::make_unique<TestDocument>();
+        mdiArea = new QMdiArea(document.get());
+        mdiArea->setViewMode(QMdiArea::TabbedView);
+        document->layout()->addWidget(mdiArea);
+        elsewhere = new QLineEdit(document.get());
+        document->layout()->addWidget(elsewhere);
+        area = std::make_unique<SpectrumArea>(*mdiArea);
+        QVERIFY(showActive(*document));
+    }
+
+    void cleanup() override
+    {
+        area.reset();
+        document.reset();
+        SandboxTest::cleanup();
+    }
+
+    void emptyAreaHasNothing()
+    {
+        QVERIFY(area->active() == nullptr);
+        QVERIFY(area->records().isEmpty());
+        QVERIFY(!area->closeActive());
+        area->show({}, document.get());
+        QVERIFY(area->active() == nullptr);
+    }
+
+    void datasetsAreShownInTheirOrder()
+    {
+        const QStringList titles{u"one"_s, u"two"_s, u"three"_s};
+        area->show(datasets(titles), document.get());
+        QCOMPARE(recordedTitles(), titles);
+        QCOMPARE(captions(), titles);
+        QCOMPARE(tabs(), titles);
+        QCOMPARE(area->active()->windowTitle(), u"one"_s);
+        QVERIFY(area->active()->isAncestorOf(QApplication::focusWidget()));
+        QVERIFY(mdiArea->activeSubWindow()->isMaximized());
+    }
+
+    void moreDatasetsComeBehindThoseThere()
+    {
+        area->show(datasets({u"one"_s}), document.get());
+        area->show(datasets({u"two"_s, u"three"_s}), document.get());
+        QCOMPARE(recordedTitles(), QStringList({u"one"_s, u"two"_s, u"three"_s}));
+        QCOMPARE(area->active()->windowTitle(), u"one"_s);
+    }
+
+    void addedSpectrumIsInFront()
+    {
+        area->show(datasets({u"one"_s, u"two"_s}), document.get());
+        auto* added = new SpectrumWindow(datasetTitled(u"three"_s), document.get());
+        area->add(added);
+        QCOMPARE(area->active(), added);
+        QCOMPARE(captions(), QStringList({u"one"_s, u"two"_s, u"three"_s}));
+        QCOMPARE(tabs().constLast(), u"three"_s);
+        QVERIFY(mdiArea->activeSubWindow()->isMaximized());
+    }
+
+    void captionFollowsTheBeginningOfTheTitle()
+    {
+        area->show(datasets({u"one"_s}), document.get());
+        SpectrumWindow* window = area->active();
+        window->setWindowTitle(QString(5000, u'x'));
+        QCOMPARE(captions(), QStringList(QString(1000, u'x')));
+        window->setWindowTitle(u"R&D"_s);
+        QCOMPARE(captions(), QStringList(u"R&D"_s));
+        QCOMPARE(tabs(), QStringList(u"R&&D"_s));
+    }
+
+    void closedSpectrumIsGone()
+    {
+        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        const QPointer<SpectrumWindow> first = area->active();
+        QVERIFY(area->closeActive());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(first.isNull());
+        QCOMPARE(recordedTitles(), QStringList({u"two"_s, u"three"_s}));
+        area->closeAll();
+        QVERIFY(area->records().isEmpty());
+        QVERIFY(area->active() == nullptr);
+    }
+
+    void keysGoFromSpectrumToSpectrum()
+    {
+        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        QStringList visited;
+        for (int i = 0; i < 3; ++i) {
+            elsewhere->setFocus();
+            QTest::keyClick(elsewhere, Qt::Key_Tab, Qt::ControlModifier);
+            visited.append(area->active()->windowTitle());
+            QVERIFY(area->active()->isAncestorOf(QApplication::focusWidget()));
+        }
+        QCOMPARE(visited, QStringList({u"two"_s, u"three"_s, u"one"_s}));
+    }
+
+private:
+    [[nodiscard]] QStringList recordedTitles() const
+    {
+        QStringList titles;
+        const QList<QJsonObject> records = area->records();
+        for (const QJsonObject& record : records)
+            titles.append(record[u"Title"].toString());
+        return titles;
+    }
+
+    [[nodiscard]] QStringList captions() const
+    {
+        QStringList titles;
+        const QList<QMdiSubWindow*> all = mdiArea->subWindowList();
+        for (const QMdiSubWindow* subWindow : all)
+            titles.append(subWindow->windowTitle());
+        return titles;
+    }
+
+    [[nodiscard]] QStringList tabs() const
+    {
+        QStringList texts;
+        const auto* bar = mdiArea->findChild<QTabBar*>();
+        for (int i = 0; i < bar->count(); ++i)
+            texts.append(bar->tabText(i));
+        return texts;
+    }
+
+    std::unique_ptr<TestDocument> document;
+    std::unique_ptr<SpectrumArea> area;
+    QMdiArea* mdiArea = nullptr;
+    QLineEdit* elsewhere = nullptr;
+};
+
+QTEST_MAIN(TestSpectrumArea)
+#include "tst_spectrumarea.moc"
