@@ -9,7 +9,13 @@
 namespace {
 
 constexpr qreal markRadius = 4.5;
+constexpr qreal crossArm = 6;
 constexpr int lineWidth = 2;
+
+QRect around(QPointF position, qreal reach)
+{
+    return QRectF(position, QSizeF()).adjusted(-reach, -reach, reach, reach).toAlignedRect();
+}
 
 } // namespace
 
@@ -26,8 +32,7 @@ void drawMark(QPainter& painter, QPointF position)
 
 QRect markArea(QPointF position)
 {
-    constexpr qreal reach = markRadius + lineWidth;
-    return QRectF(position, QSizeF()).adjusted(-reach, -reach, reach, reach).toAlignedRect();
+    return around(position, markRadius + lineWidth);
 }
 
 void drawFocus(QPainter& painter, const QRect& view, const QColor& highlight)
@@ -40,11 +45,15 @@ void drawFocus(QPainter& painter, const QRect& view, const QColor& highlight)
 
 void drawCross(QPainter& painter, QPointF position)
 {
-    constexpr qreal arm = 6;
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(Qt::black); // on the chart's white, whatever the desktop's colours
-    painter.drawLine(position - QPointF(arm, 0), position + QPointF(arm, 0));
-    painter.drawLine(position - QPointF(0, arm), position + QPointF(0, arm));
+    painter.drawLine(position - QPointF(crossArm, 0), position + QPointF(crossArm, 0));
+    painter.drawLine(position - QPointF(0, crossArm), position + QPointF(0, crossArm));
+}
+
+QRect crossArea(QPointF position)
+{
+    return around(position, crossArm + lineWidth);
 }
 
 } // namespace ChartOverlay

@@ -24,4 +24,7 @@ void drawFocus(QPainter& painter, const QRect& view, const QColor& highlight);
 /// The place that is read out by keyboard.
 void drawCross(QPainter& painter, QPointF position);
 
+/// What drawCross() paints on.
+[[nodiscard]] QRect crossArea(QPointF position);
+
 } // namespace ChartOverlay

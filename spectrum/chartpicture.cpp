@@ -6,6 +6,8 @@
 #include "spectrum/spectrumchart.h"
 
 #include <QBuffer>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QImage>
 #include <QMimeData>
 #include <QPainter>
@@ -66,6 +68,11 @@ std::unique_ptr<QMimeData> of(SpectrumChart& chart)
     data->setData(u"image/png"_s, png(image));
     data->setData(u"image/svg+xml"_s, drawing(chart));
     return data;
+}
+
+void copy(SpectrumChart& chart)
+{
+    QGuiApplication::clipboard()->setMimeData(of(chart).release());
 }
 
 } // namespace ChartPicture

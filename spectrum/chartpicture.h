@@ -15,4 +15,7 @@ namespace ChartPicture {
 /// its size (an image, and "image/png") and as a drawing ("image/svg+xml").
 [[nodiscard]] std::unique_ptr<QMimeData> of(SpectrumChart& chart);
 
+/// Puts it on the clipboard.
+void copy(SpectrumChart& chart);
+
 } // namespace ChartPicture

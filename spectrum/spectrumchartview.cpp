@@ -9,10 +9,7 @@
 #include "spectrum/spectrumchart.h"
 #include "widgets/darktext.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QRubberBand>
 #include <QWheelEvent>
@@ -30,7 +27,6 @@ SpectrumChartView::SpectrumChartView(QWidget* parent)
     setRenderHint(QPainter::Antialiasing);
     setAttribute(Qt::WA_MouseTracking);
     viewport()->setAttribute(Qt::WA_MouseTracking);
-
     hoverLabel->setStyleSheet(u"background-color: rgba(255, 255, 255, 150); padding: 2px;"_s);
     setDarkText(*hoverLabel);
     hoverLabel->setAlignment(Qt::AlignCenter);
@@ -83,7 +79,7 @@ void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 void SpectrumChartView::mouseMoveEvent(QMouseEvent* event)
 {
     fitChart();
-    readOut(event->position().toPoint());
+    readOut(event->position().toPoint(), false);
     QChartView::mouseMoveEvent(event);
 }
 
@@ -149,11 +145,10 @@ void SpectrumChartView::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) {
         if (auto* shown = qobject_cast<SpectrumChart*>(chart()))
-            QGuiApplication::clipboard()->setMimeData(ChartPicture::of(*shown).release());
+            ChartPicture::copy(*shown);
         return;
     }
-    constexpr qreal leap = 10;
-    const qreal pixels = event->modifiers().testFlag(Qt::ShiftModifier) ? leap : 1;
+    const qreal pixels = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
     switch (event->key()) {
     case Qt::Key_Left:
         moveReadOut({-pixels, 0});
@@ -203,7 +198,7 @@ void SpectrumChartView::drawForeground(QPainter* painter, const QRectF& rect)
     if (!hasFocus())
         return;
     ChartOverlay::drawFocus(*painter, viewport()->rect(), palette().color(QPalette::Highlight));
-    if (readOutPosition)
+    if (hasCross)
         ChartOverlay::drawCross(*painter, *readOutPosition);
 }
 
@@ -235,9 +230,14 @@ void SpectrumChartView::repaintMark()
         viewport()->update(ChartOverlay::markArea(*position));
 }
 
-void SpectrumChartView::readOut(QPointF position)
+void SpectrumChartView::readOut(QPointF position, bool byKey)
 {
+    if (hasCross)
+        viewport()->update(ChartOverlay::crossArea(*readOutPosition));
     readOutPosition = position;
+    hasCross = byKey; // the mouse shows its place itself
+    if (hasCross)
+        viewport()->update(ChartOverlay::crossArea(position));
     refreshReadOut();
 }
 
@@ -253,8 +253,8 @@ void SpectrumChartView::moveReadOut(QPointF step)
     const QRectF plot = chart()->plotArea();
     const QPointF start = readOutPosition.value_or(plot.center().toPoint()) + step;
     readOut({std::clamp(start.x(), plot.left(), plot.right()),
-             std::clamp(start.y(), plot.top(), plot.bottom())});
-    viewport()->update();
+             std::clamp(start.y(), plot.top(), plot.bottom())},
+            true);
 }
 
 void SpectrumChartView::zoomIn()

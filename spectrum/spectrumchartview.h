@@ -61,7 +61,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    void readOut(QPointF position);
+    void readOut(QPointF position, bool byKey);
     void refreshReadOut();
     void moveReadOut(QPointF step);
     void zoomIn();
@@ -75,6 +75,7 @@ private:
     QLabel* hoverLabel;
     mutable std::optional<std::pair<QFont, QSize>> textRoom; ///< For this font; none yet at first.
     std::optional<QPointF> readOutPosition; ///< In the view; none until something was read out.
+    bool hasCross = false;                  ///< Where it was read out; by keyboard only.
     std::optional<QPointF> mark;            ///< Point in the plane, not in the view.
     int zoomSteps = 0;                      ///< By key, since the whole spectrum was shown.
     bool fitted = false;                    ///< Whether the chart has the size of the view.

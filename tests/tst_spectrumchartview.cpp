@@ -309,6 +309,27 @@ private Q_SLOTS:
         QCOMPARE(chart.x->max(), 200.0);
     }
 
+    void placeOfTheReadOutIsShownByKeyOnly()
+    {
+        ShownChart chart(0, 10, 0, 100);
+        QVERIFY(chart.shown);
+        chart.view.setFocus();
+        const auto isCrossed = [&chart](QPoint place) {
+            const QImage seen = chart.view.grab().toImage();
+            return seen.pixelColor(place + QPoint(5, 0)) == QColor(Qt::black) &&
+                   seen.pixelColor(place + QPoint(0, 5)) == QColor(Qt::black);
+        };
+        const QPoint middle(200, 150);
+        QTest::keyClick(&chart.view, Qt::Key_Right);
+        QVERIFY(isCrossed(middle + QPoint(1, 0)));
+        QTest::keyClick(&chart.view, Qt::Key_Down, Qt::ShiftModifier);
+        QVERIFY(!isCrossed(middle + QPoint(1, 0)));
+        QVERIFY(isCrossed(middle + QPoint(1, 10)));
+        chart.hover({150, 100});
+        QVERIFY(!isCrossed(middle + QPoint(1, 10)));
+        QVERIFY(!isCrossed({150, 100}));
+    }
+
     void focusShows()
     {
         ShownChart chart(0, 200, 0, 200);
