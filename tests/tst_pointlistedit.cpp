@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/pointlistedit.h"
+#include "tests/support/documentwindow.h"
+#include "tests/support/sandboxtest.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QClipboard& clipboard()
+{
+    return *QGuiApplication::clipboard();
+}
+
+} // namespace
+
+/// The list of points: what goes out of it and into it.
+class TestPointListEdit : public SandboxTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() override
+    {
+        SandboxTest::init();
+        clipboard().clear();
+        list = std::make_unique<PointListEdit>();
+        list->setPlainText(u"9.0 1\n9.5 2\n\n10.0 3"_s);
+        QVERIFY(TestSupport::showActive(*list));
+        list->setFocus();
+    }
+
+    void cleanup() override
+    {
+        list.reset();
+        SandboxTest::cleanup();
+    }
+
+    void isAPlainTextEditToOthers() { QCOMPARE(list->metaObject()->className(), "QPlainTextEdit"); }
+
+    void copiesItsLinesAsText()
+    {
+        QTest::keyClick(list.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(list.get(), Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(clipboard().text(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
+        QCOMPARE(clipboard().mimeData()->formats(), QStringList{u"text/plain"_s});
+    }
+
+    void copiesWhatIsSelectedOnly()
+    {
+        QTest::keyClick(list.get(), Qt::Key_Down);
+        QTest::keyClick(list.get(), Qt::Key_End, Qt::ShiftModifier);
+        QTest::keyClick(list.get(), Qt::Key_X, Qt::ControlModifier);
+        QCOMPARE(clipboard().text(), u"9.5 2"_s);
+        QCOMPARE(list->toPlainText(), u"9.0 1\n\n\n10.0 3"_s);
+    }
+
+    void copiesOddBlanksAsTheToolkitTellsThem()
+    {
+        list->setPlainText(u"1\u00a02\u20283 4"_s);
+        list->selectAll();
+        list->copy();
+        QCOMPARE(clipboard().text(), u"1 2\n3 4"_s);
+    }
+
+    void pastesOverTheSelectionAsOneStep()
+    {
+        clipboard().setText(u"1 2\r\n3 4\n5 6"_s);
+        QTest::keyClick(list.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(list->toPlainText(), u"1 2\n3 4\n5 6"_s);
+        QCOMPARE(list->textCursor().position(), 11);
+        QTest::keyClick(list.get(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(list->toPlainText(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
+    }
+
+    void pastesTheTextOfFormattedCells()
+    {
+        auto cells = std::make_unique<QMimeData>();
+        cells->setHtml(u"<table><tr><td>1</td><td>2</td></tr></table>"_s);
+        cells->setText(u"1\t2\n"_s);
+        clipboard().setMimeData(cells.release());
+        QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(list->toPlainText(), u"1\t2\n9.0 1\n9.5 2\n\n10.0 3"_s);
+    }
+
+    void pastingAPictureChangesNothing()
+    {
+        clipboard().setImage(QImage(4, 4, QImage::Format_RGB32));
+        QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(list->toPlainText(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
+    }
+
+    void pastedEndIsInView()
+    {
+        clipboard().setText(u"1 2\n"_s.repeated(500));
+        QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
+        QVERIFY(list->viewport()->rect().contains(list->cursorRect().center()));
+    }
+
+private:
+    std::unique_ptr<PointListEdit> list;
+};
+
+QTEST_MAIN(TestPointListEdit)
+#include "tst_pointlistedit.moc"
