@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "support/applicationicon.h"
 #include "tools/tour/manualpictures.h"
 #include "tools/tour/tour.h"
 
@@ -41,6 +42,7 @@ void fixLooks()
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
+    setApplicationIcon();
     // A dialog that nobody expected would stay open for ever.
     QTimer::singleShot(5min, &application, [] { qFatal("The tour has come to a halt"); });
     const QDir examples(QStringLiteral(KORVELA_EXAMPLES_FOLDER));

@@ -7,6 +7,7 @@
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
 #include "tests/support/child.h"
+#include "tools/tour/explainedpictures.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -19,6 +20,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QTimer>
+#include <QToolBar>
 #include <QtCharts/QChart>
 #include <QtCharts/QChartView>
 
@@ -101,7 +103,8 @@ void ManualPictures::takeEntry()
     open(u"entry1-nitric-oxide.json"_s);
     visitor->activateSpectrum(1);
     saveWindow(u"entry"_s);
-    saveWindow(u"tool-bar"_s, QRect(0, 0, 150, widget("toolBar").geometry().bottom()));
+    save(ExplainedPictures::withNames(*child<QToolBar>(visitor->window(), "toolBar")),
+         u"tool-bar"_s);
 }
 
 void ManualPictures::takeFirstEntry()
@@ -124,6 +127,7 @@ void ManualPictures::takeSaveQuestion()
     open(u"entry10-water.json"_s);
     typeInto("lineEditVIE", u"12.6"_s);
     visitor->leaveFields();
+    save(ExplainedPictures::withTitleBar(visitor->window(), {480, 48}), u"title-star"_s);
     visitor->whenOneOpens([this](QWidget& box) {
         save(box.grab(), u"save-question"_s);
         box.close();
