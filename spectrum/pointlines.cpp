@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The lines of a text that are points.
@@ -49,6 +51,18 @@ qsizetype nearestLine(const QList<PointLine>& points, double energy)
 } // namespace
 
 namespace PointLines {
+
+std::optional<double> energyIn(QStringView typed)
+{
+    QStringView number = typed.trimmed();
+    if (number.endsWith("eV"_L1, Qt::CaseInsensitive))
+        number.chop(2);
+    bool isNumber = false;
+    const double energy = number.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(energy))
+        return {};
+    return energy;
+}
 
 std::optional<PointText::Line> nearest(QStringView text, double energy, qsizetype from)
 {

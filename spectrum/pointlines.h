@@ -13,6 +13,10 @@
 /// Lines of a point text that are sought by what they mean.
 namespace PointLines {
 
+/// The energy that somebody typed, eV: a number as point lines have them, which may have its unit
+/// behind it. Empty when it is none, or not finite.
+[[nodiscard]] std::optional<double> energyIn(QStringView typed);
+
 /// The line whose point lies nearest to @p energy (eV), whatever the order of the points; of points
 /// equally near the first from line @p from on, or else the first of all. Empty when no line is a
 /// point with a finite energy.

@@ -3,6 +3,7 @@
 
 #include "spectrum/spectrumwindow.h"
 
+#include "spectrum/energyfinder.h"
 #include "spectrum/fixedwidthdigits.h"
 #include "spectrum/modifiabledocument.h"
 #include "spectrum/otherlinemarks.h"
@@ -55,6 +56,7 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     new WheelGuard(ui->comboBoxType); // its open list is another widget
     new FixedWidthDigits(ui->textEditSpect);
     new OtherLineMarks(ui->textEditSpect);
+    ui->verticalLayout_3->addWidget(new EnergyFinder(*ui->textEditSpect, this));
     for (QPushButton* button : {ui->buttonNormalize, ui->buttonSparse, ui->buttonCommaToDot})
         button->setToolTip(button->accessibleDescription());
     fillMappingTable();

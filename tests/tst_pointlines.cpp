@@ -7,12 +7,41 @@
 
 using namespace Qt::StringLiterals;
 
+Q_DECLARE_METATYPE(std::optional<double>)
+
 /// Lines of a point text, sought by energy and followed through commands.
 class TestPointLines : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void typedEnergyIsRead_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<std::optional<double>>("energy");
+        using Energy = std::optional<double>;
+        QTest::newRow("decimal") << u"12.62"_s << Energy(12.62);
+        QTest::newRow("exponent") << u"1e1"_s << Energy(10);
+        QTest::newRow("blanks around") << u" 12 "_s << Energy(12);
+        QTest::newRow("unit") << u"12.62 eV"_s << Energy(12.62);
+        QTest::newRow("unit close by, small") << u"12.62ev"_s << Energy(12.62);
+        QTest::newRow("dot at the end") << u"12."_s << Energy(12);
+        QTest::newRow("negative") << u"-0.5"_s << Energy(-0.5);
+        QTest::newRow("decimal comma") << u"12,62"_s << Energy();
+        QTest::newRow("thousands") << u"1,250"_s << Energy();
+        QTest::newRow("other unit") << u"98 nm"_s << Energy();
+        QTest::newRow("unit alone") << u"eV"_s << Energy();
+        QTest::newRow("two numbers") << u"12 13"_s << Energy();
+        QTest::newRow("infinite") << u"inf"_s << Energy();
+        QTest::newRow("no number") << u"nan"_s << Energy();
+        QTest::newRow("nothing") << QString() << Energy();
+    }
+    void typedEnergyIsRead()
+    {
+        QFETCH(QString, typed);
+        QTEST(PointLines::energyIn(typed), "energy");
+    }
+
     void nearestEnergyIsFoundInAnyOrder_data()
     {
         QTest::addColumn<QString>("text");
