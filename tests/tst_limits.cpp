@@ -5,10 +5,10 @@
 #include "tests/support/documentwindow.h"
 #include "tests/support/picturehost.h"
 #include "tests/support/spectrumtest.h"
+#include "tests/support/testpicture.h"
 #include "tests/support/traps.h"
 #include "tests/support/windowtest.h"
 
-#include <QBuffer>
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
@@ -57,22 +57,6 @@ QByteArray absurdlyLargePng()
     return QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000ea600000ea60080600000080d275"
                                "420000001149444154789c63601805a360140c77000003e80001b3a6d3460000"
                                "000049454e44ae426082");
-}
-
-QImage yellowPicture()
-{
-    QImage picture(30, 20, QImage::Format_RGB32);
-    picture.fill(Qt::yellow);
-    return picture;
-}
-
-QByteArray png(const QImage& picture)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "PNG");
-    return bytes;
 }
 
 } // namespace
@@ -269,10 +253,13 @@ private:
     {
         const QJsonObject file{
             {u"Type"_s, u"Species v1"_s},
-            {u"Species"_s, QJsonObject{{u"Name"_s, u"caffeine"_s},
-                                       {u"CAS"_s, u"58-08-2"_s},
-                                       {u"StructuralFormula"_s,
-                                        QString::fromLatin1(png(yellowPicture()).toBase64())}}}};
+            {u"Species"_s,
+             QJsonObject{
+                 {u"Name"_s, u"caffeine"_s},
+                 {u"CAS"_s, u"58-08-2"_s},
+                 {u"StructuralFormula"_s,
+                  QString::fromLatin1(
+                      TestSupport::encoded(TestSupport::plainPicture(Qt::yellow)).toBase64())}}}};
         QVERIFY(window->openEntry(sandbox->write(u"a.json"_s, QJsonDocument(file).toJson())));
         window->findChild<QNetworkAccessManager*>()->setProxy(host.proxy());
     }

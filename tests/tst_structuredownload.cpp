@@ -4,9 +4,9 @@
 #include "species/speciesmodel.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/picturehost.h"
+#include "tests/support/testpicture.h"
 #include "tests/support/windowtest.h"
 
-#include <QBuffer>
 #include <QLabel>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -19,27 +19,13 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using TestSupport::encoded;
+using TestSupport::plainPicture;
 
 namespace {
 
 const char* const caffeineTarget = "/cgi/cbook.cgi?Struct=C58082&Type=Color";
 const char* const waterTarget = "/cgi/cbook.cgi?Struct=C7732185&Type=Color";
-
-QImage plainPicture(const QColor& colour)
-{
-    QImage picture(30, 20, QImage::Format_RGB32);
-    picture.fill(colour);
-    return picture;
-}
-
-QByteArray png(const QImage& picture)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "PNG");
-    return bytes;
-}
 
 } // namespace
 
@@ -72,7 +58,7 @@ private Q_SLOTS:
     void pictureOfTheSubstanceIsFetchedAndShown()
     {
         const QImage picture = plainPicture(Qt::darkGreen);
-        host->serve(caffeineTarget, png(picture));
+        host->serve(caffeineTarget, encoded(picture));
         typeCasNumber(u"58-08-2"_s);
         clickDownload();
         QVERIFY(finishDownload());
@@ -90,7 +76,7 @@ private Q_SLOTS:
 
     void pictureMarksASavedDocumentModifiedOnce()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
         const QString file = sandbox->write(
             u"caffeine.json"_s, "{\"Type\":\"Species v1\",\"Species\":{\"CAS\":\"58-08-2\"}}");
         QVERIFY(window->openEntry(file));
@@ -108,7 +94,7 @@ private Q_SLOTS:
 
     void nothingIsKeptBetweenDownloads()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
         typeCasNumber(u"58-08-2"_s);
         for (int download = 1; download <= 3; ++download) {
             clickDownload();
@@ -133,7 +119,7 @@ private Q_SLOTS:
     void casNumbersInAnyDressAreAccepted()
     {
         QFETCH(const QString, html);
-        host->serve(caffeineTarget, png(plainPicture(Qt::blue)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::blue)));
         TestSupport::child<QTextEdit>(*window, "lineEditCAS")->setHtml(html);
         clickDownload();
         QVERIFY(finishDownload());
@@ -142,7 +128,7 @@ private Q_SLOTS:
 
     void blanksTypedAroundTheNumberAreAccepted()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::blue)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::blue)));
         typeCasNumber(u"  58-08-2  "_s);
         clickDownload();
         QVERIFY(finishDownload());
@@ -184,7 +170,7 @@ private Q_SLOTS:
 
     void substanceWithoutAPictureIsReported()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
         keepPicture();
         typeCasNumber(u"7732-18-5"_s);
         expectDownloadFailed();
@@ -199,7 +185,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("body");
         QTest::newRow("empty body") << QByteArray();
         QTest::newRow("HTML page") << QByteArray("<!DOCTYPE html><html><body>Sorry</body></html>");
-        QTest::newRow("half a picture") << png(plainPicture(Qt::red)).left(20);
+        QTest::newRow("half a picture") << encoded(plainPicture(Qt::red)).left(20);
     }
 
     void pageInsteadOfAPictureIsReported()
@@ -218,7 +204,7 @@ private Q_SLOTS:
     void hostThatCannotProveItsNameIsRefused()
     {
         trust.reset();
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
         keepPicture();
         typeCasNumber(u"58-08-2"_s);
         expectDownloadFailed();
@@ -231,7 +217,7 @@ private Q_SLOTS:
     void redirectionOnTheHostIsFollowed()
     {
         host->redirect(caffeineTarget, "/pictures/58082.png");
-        host->serve("/pictures/58082.png", png(plainPicture(Qt::red)));
+        host->serve("/pictures/58082.png", encoded(plainPicture(Qt::red)));
         typeCasNumber(u"58-08-2"_s);
         clickDownload();
         QVERIFY(finishDownload());
@@ -251,7 +237,7 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, location);
         host->redirect(caffeineTarget, location);
-        host->serve("/58082.png", png(plainPicture(Qt::red)));
+        host->serve("/58082.png", encoded(plainPicture(Qt::red)));
         keepPicture();
         typeCasNumber(u"58-08-2"_s);
         expectDownloadFailed();
@@ -286,7 +272,7 @@ private Q_SLOTS:
 
     void editingGoesOnDuringADownload()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
         host->holdAnswers();
         typeCasNumber(u"58-08-2"_s);
         clickDownload();
@@ -305,8 +291,8 @@ private Q_SLOTS:
 
     void ofTwoDownloadsTheLastToFinishWins()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
-        host->serve(waterTarget, png(plainPicture(Qt::blue)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
+        host->serve(waterTarget, encoded(plainPicture(Qt::blue)));
         host->holdAnswers();
         typeCasNumber(u"58-08-2"_s);
         clickDownload();
@@ -324,7 +310,7 @@ private Q_SLOTS:
 
     void finishedReplyIsReleased()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
         typeCasNumber(u"58-08-2"_s);
         clickDownload();
         auto* manager = window->findChild<QNetworkAccessManager*>();
@@ -335,7 +321,7 @@ private Q_SLOTS:
 
     void windowMayGoDuringADownload()
     {
-        host->serve(caffeineTarget, png(plainPicture(Qt::red)));
+        host->serve(caffeineTarget, encoded(plainPicture(Qt::red)));
         host->holdAnswers();
         typeCasNumber(u"58-08-2"_s);
         clickDownload();

@@ -3,9 +3,9 @@
 
 #include "species/speciesmodel.h"
 #include "tests/support/documentwindow.h"
+#include "tests/support/testpicture.h"
 #include "tests/support/windowtest.h"
 
-#include <QBuffer>
 #include <QClipboard>
 #include <QDockWidget>
 #include <QGuiApplication>
@@ -35,12 +35,8 @@ QImage picture(int width, int height, const QColor& colour = Qt::red)
 /// A species file that holds nothing but the image.
 QByteArray entryWith(const QImage& image)
 {
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return "{\"Type\":\"Species v1\",\"Species\":{\"StructuralFormula\":\"" + png.toBase64() +
-           "\"}}";
+    return "{\"Type\":\"Species v1\",\"Species\":{\"StructuralFormula\":\"" +
+           TestSupport::encoded(image).toBase64() + "\"}}";
 }
 
 } // namespace

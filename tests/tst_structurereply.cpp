@@ -3,10 +3,10 @@
 
 #include "species/speciesmodel.h"
 #include "tests/support/documentwindow.h"
+#include "tests/support/testpicture.h"
 #include "tests/support/traps.h"
 #include "tests/support/windowtest.h"
 
-#include <QBuffer>
 #include <QImageReader>
 #include <QLabel>
 #include <QNetworkReply>
@@ -19,6 +19,7 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using TestSupport::encoded;
 
 namespace {
 
@@ -62,15 +63,6 @@ QImage twoColours(QImage::Format format)
     picture.fill(Qt::white);
     QPainter(&picture).fillRect(0, 0, 20, 20, Qt::red);
     return picture.convertToFormat(format);
-}
-
-QByteArray encoded(const QImage& picture, const char* format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, format);
-    return bytes;
 }
 
 /// Two pixels by two, all red. The toolkit reads this format but does not write it.
