@@ -7,11 +7,14 @@
 #include "species/speciesmodel.h"
 #include "species/structuredownload.h"
 #include "spectrum/spectrumarea.h"
+#include "spectrum/spectrumwatch.h"
 #include "support/messages.h"
 #include "ui_mainwindow.h"
 #include "widgets/entrydrops.h"
+#include "widgets/entrystatus.h"
 #include "widgets/fieldhint.h"
 #include "widgets/formdock.h"
+#include "widgets/typedfield.h"
 #include "widgets/windowshortcuts.h"
 
 #include <QDataWidgetMapper>
@@ -53,10 +56,12 @@ MainWindow::MainWindow(QWidget* parent)
     ui->setupUi(this);
     setCentralWidget(ui->centralwidget);
     spectra = std::make_unique<SpectrumArea>(*ui->mdiArea);
+    status = new EntryStatus(ui->statusbar);
     fitEnergyColumns(*ui);
 
     connectSignals();
     connectActions();
+    connectStatus();
     setupMapper();
     setAcceptDrops(true);
     new FormDock(this, ui->speciesDock);
@@ -121,6 +126,15 @@ void MainWindow::connectActions()
             &MainWindow::loadPreviousSpeciesFile);
     connect(ui->actionNextFile, &QAction::triggered, this, &MainWindow::loadNextSpeciesFile);
     connect(speciesModel, &SpeciesModel::imageChanged, this, &MainWindow::showImage);
+}
+
+void MainWindow::connectStatus()
+{
+    const SpectrumWatch& watch = spectra->watch();
+    connect(&watch, &SpectrumWatch::summaryChanged, status, &EntryStatus::setSpectrum);
+    connect(&watch, &SpectrumWatch::typedPointsChanged, status, &EntryStatus::setPointsTyped);
+    connect(new TypedField(this), &TypedField::changed, status, &EntryStatus::setFieldTyped);
+    connect(download, &StructureDownload::runningChanged, status, &EntryStatus::setFetching);
 }
 
 void MainWindow::setupMapper()

@@ -12,6 +12,7 @@
 #include <memory>
 
 class CreateDatabase;
+class EntryStatus;
 class QDataWidgetMapper;
 class QJsonObject;
 class QNetworkAccessManager;
@@ -78,6 +79,7 @@ private:
     // Construction
     void connectSignals();
     void connectActions();
+    void connectStatus();
     void setupMapper();
 
     // Document life
@@ -121,6 +123,7 @@ private:
     QDataWidgetMapper* mapper;
     StructureDownload* download; ///< Belongs to the network manager.
     std::unique_ptr<SpectrumArea> spectra;
+    EntryStatus* status = nullptr; ///< Belongs to the status bar.
     CreateDatabase* createDatabase = nullptr;
     QString currentFile; ///< Full path; empty while the document is untitled.
     bool isModified = false;

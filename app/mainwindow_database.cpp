@@ -6,25 +6,25 @@
 #include "app/mainwindow.h"
 #include "database/createdatabase.h"
 #include "database/databaseprogram.h"
+#include "widgets/entrystatus.h"
 
 void MainWindow::createSpeciesDatabase()
 {
     if (createDatabase == nullptr)
         createDatabase = new CreateDatabase(this);
-    const CreateDatabase& choices = *createDatabase;
     if (createDatabase->exec() != QDialog::Accepted)
         return;
-    const bool written =
-        writeDatabase(this, choices.files(), choices.databaseFileName(), choices.databaseVersion(),
-                      choices.dataRelease(), choices.title(), choices.isCompact());
-    DatabaseProgram::showWhetherWritten(this, written);
+    const SaveResult result = DatabaseProgram::write(this, *createDatabase);
+    status->setSaved(tr("Database"), createDatabase->databaseFileName(), result);
+    DatabaseProgram::showWhetherWritten(this, result);
 }
 
 bool MainWindow::writeDatabase(QWidget* messageParent, const QStringList& speciesFiles,
                                const QString& databaseFile, const QString& version,
                                const QString& release, const QString& title, bool compact)
 {
-    return DatabaseProgram::write(messageParent, databaseFile,
-                                  {version, release, title, QDate::currentDate()}, speciesFiles,
-                                  compact ? QJsonDocument::Compact : QJsonDocument::Indented);
+    const auto format = compact ? QJsonDocument::Compact : QJsonDocument::Indented;
+    const DatabaseFile::Header header{version, release, title, QDate::currentDate()};
+    return DatabaseProgram::write(messageParent, databaseFile, header, speciesFiles, format) !=
+           SaveResult::NotOpened;
 }

@@ -14,6 +14,7 @@
 #include "support/messages.h"
 #include "support/waitcursor.h"
 #include "widgets/entrydrops.h"
+#include "widgets/entrystatus.h"
 #include "widgets/leftfield.h"
 
 #include <QCloseEvent>
@@ -148,8 +149,10 @@ void MainWindow::saveSpeciesFile()
 {
     const WaitCursor waiting;
     const QJsonObject content = SpeciesFile::assemble(speciesModel->toJson(), spectra->records());
-    if (JsonFile::write(currentFile, content, QJsonDocument::Indented) ==
-        JsonFile::WriteResult::NotOpened) {
+    const JsonFile::WriteResult result =
+        JsonFile::write(currentFile, content, QJsonDocument::Indented);
+    status->setSaved(tr("Entry"), currentFile, result);
+    if (result == JsonFile::WriteResult::NotOpened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for writing."));
         return;
     }

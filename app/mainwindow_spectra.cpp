@@ -13,6 +13,7 @@
 #include "support/lastopenfolder.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
+#include "widgets/entrystatus.h"
 
 #include <QClipboard>
 #include <QJsonDocument>
@@ -98,8 +99,9 @@ void MainWindow::saveSpectrum()
         return;
     const WaitCursor waiting;
     const QJsonObject content = SpectrumContainer::wrap(spectrum->model()->toJson());
-    if (JsonFile::write(path, content, QJsonDocument::Indented) ==
-        JsonFile::WriteResult::NotOpened) {
+    const JsonFile::WriteResult result = JsonFile::write(path, content, QJsonDocument::Indented);
+    status->setSaved(tr("Spectrum"), path, result);
+    if (result == JsonFile::WriteResult::NotOpened) {
         Messages::warning(this, tr("Error"), tr("Could not open file for writing"));
         return;
     }

@@ -93,8 +93,9 @@ Result write(const QString& target, const Header& header, const QStringList& sou
         [&](qsizetype index) { return readSource(sources.at(index), problem); }, format,
         [&database](const QByteArray& piece) { database.write(piece); });
     if (assembled) {
-        const bool opened = database.commit() != WholeFile::Result::NotOpened;
-        return {opened ? Outcome::Written : Outcome::TargetNotOpened, {}};
+        const SaveResult saved = database.commit();
+        const bool opened = saved != SaveResult::NotOpened;
+        return {opened ? Outcome::Written : Outcome::TargetNotOpened, {}, saved};
     }
     // They are compiled in another order than that of the list, which is the person's.
     for (const QString& source : sources) {

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "support/filesave.h"
+
 #include <QByteArray>
 #include <QDate>
 #include <QJsonDocument>
@@ -50,6 +52,8 @@ struct Result
 {
     Outcome outcome;
     QString source; ///< The first unusable species file, in the order of the list.
+    /// How saving went; not opened when it did not come to that.
+    SaveResult saved = SaveResult::NotOpened;
 };
 
 /// Compiles the species files @p sources into the file @p target. The target stays as it was unless

@@ -11,32 +11,32 @@
 
 namespace DatabaseProgram {
 
-bool write(QWidget* messageParent, const QString& target, const DatabaseFile::Header& header,
-           const QStringList& sources, QJsonDocument::JsonFormat format)
+SaveResult write(QWidget* messageParent, const QString& target, const DatabaseFile::Header& header,
+                 const QStringList& sources, QJsonDocument::JsonFormat format)
 {
     const WaitCursor waiting;
     const DatabaseFile::Result result = DatabaseFile::write(target, header, sources, format);
-    switch (result.outcome) {
-    case DatabaseFile::Outcome::Written:
-        return true;
-    case DatabaseFile::Outcome::SourceNotOpened:
+    if (result.outcome == DatabaseFile::Outcome::SourceNotOpened) {
         Messages::warning(messageParent, CreateDatabase::tr("Error"),
                           CreateDatabase::tr("Could not open file: ") + result.source);
-        return false;
-    case DatabaseFile::Outcome::SourceIsNoSpecies:
+    } else if (result.outcome == DatabaseFile::Outcome::SourceIsNoSpecies) {
         Messages::critical(messageParent, CreateDatabase::tr("Error"),
                            CreateDatabase::tr("Invalid species type in file: ") + result.source);
-        return false;
-    case DatabaseFile::Outcome::TargetNotOpened:
-        return false;
     }
-    Q_UNREACHABLE();
-    return false;
+    return result.saved;
 }
 
-void showWhetherWritten(QWidget* messageParent, bool written)
+SaveResult write(QWidget* messageParent, const CreateDatabase& choices)
 {
-    if (written) {
+    return write(
+        messageParent, choices.databaseFileName(),
+        {choices.databaseVersion(), choices.dataRelease(), choices.title(), QDate::currentDate()},
+        choices.files(), choices.isCompact() ? QJsonDocument::Compact : QJsonDocument::Indented);
+}
+
+void showWhetherWritten(QWidget* messageParent, SaveResult result)
+{
+    if (result != SaveResult::NotOpened) {
         Messages::information(messageParent, CreateDatabase::tr("Success"),
                               CreateDatabase::tr("Species database created successfully."));
     } else {
@@ -52,12 +52,9 @@ int run()
     // The dialogs run event loops of their own. The application's is not started, so that no
     // closing window, each being the last one visible, quits it.
     while (dialog.exec() == QDialog::Accepted) {
-        const bool written = write(
-            &dialog, dialog.databaseFileName(),
-            {dialog.databaseVersion(), dialog.dataRelease(), dialog.title(), QDate::currentDate()},
-            dialog.files(), dialog.isCompact() ? QJsonDocument::Compact : QJsonDocument::Indented);
-        showWhetherWritten(&dialog, written);
-        if (written)
+        const SaveResult result = write(&dialog, dialog);
+        showWhetherWritten(&dialog, result);
+        if (result != SaveResult::NotOpened)
             return EXIT_SUCCESS;
     }
     return EXIT_FAILURE;

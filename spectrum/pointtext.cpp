@@ -10,6 +10,8 @@
 #include <QStringList>
 #include <QStringTokenizer>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -99,6 +101,10 @@ Census census(QStringView text)
     forEachLine(text, [&census, text](const Line& line) {
         if (line.point) {
             ++census.points;
+            // Of a number and none it is the number.
+            census.lowestEnergy = std::fmin(census.lowestEnergy, line.point->x());
+            census.highestEnergy = std::fmax(census.highestEnergy, line.point->x());
+            census.largestIntensity = std::fmax(census.largestIntensity, line.point->y());
         } else if (!isBlank(text.sliced(line.position, line.length))) {
             ++census.otherLines;
             if (census.firstOtherLine == 0)

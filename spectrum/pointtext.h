@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <functional>
+#include <limits>
 #include <optional>
 
 /// The text form of a spectrum's points: one point a line, photon energy (eV), then intensity
@@ -45,13 +46,19 @@ struct Line
 /// last line feed is a line as well, empty or not.
 void forEachLine(QStringView text, const std::function<void(const Line& line)>& visit);
 
-/// How the lines of a text were understood. Blank lines are in neither count.
+/// How the lines of a text were understood. Blank lines are in neither count. What no point has is
+/// no number (NaN).
 struct Census
 {
+    static constexpr double none = std::numeric_limits<double>::quiet_NaN();
+
     qsizetype points = 0;
     qsizetype otherLines = 0; ///< Lines that are no points.
     /// Number, counted from 1, of the first line that is no point; 0 when there is none.
     qsizetype firstOtherLine = 0;
+    double lowestEnergy = none;     ///< eV
+    double highestEnergy = none;    ///< eV
+    double largestIntensity = none; ///< The signed largest.
 };
 
 /// Counts the lines of a text in one pass, at about the price of parse().

@@ -5,6 +5,7 @@
 
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumtabs.h"
+#include "spectrum/spectrumwatch.h"
 #include "spectrum/spectrumwindow.h"
 
 #include <QCoreApplication>
@@ -18,6 +19,7 @@
 SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
     : area(multipleDocumentArea)
     , tabs(new SpectrumTabs(&multipleDocumentArea))
+    , spectrumWatch(new SpectrumWatch(&multipleDocumentArea))
 {}
 
 void SpectrumArea::add(SpectrumWindow* window)
@@ -33,6 +35,7 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
     // As a stop of the Tab key it would catch every Shift+Tab of the form.
     subWindow->setFocusPolicy(Qt::ClickFocus);
+    spectrumWatch->follow(window);
     // A sub-window measures its whole title whenever it is laid out, and its tab shows far less.
     const auto setCaption = [subWindow](const QString& title) {
         constexpr qsizetype mostCharacters = 1000;
@@ -83,14 +86,23 @@ SpectrumWindow* SpectrumArea::active() const
     return subWindow == nullptr ? nullptr : qobject_cast<SpectrumWindow*>(subWindow->widget());
 }
 
+QList<SpectrumWindow*> SpectrumArea::all() const
+{
+    QList<SpectrumWindow*> found;
+    const QList<QMdiSubWindow*> subWindows = area.subWindowList(QMdiArea::CreationOrder);
+    for (const QMdiSubWindow* subWindow : subWindows) {
+        if (auto* spectrum = qobject_cast<SpectrumWindow*>(subWindow->widget()))
+            found.append(spectrum);
+    }
+    return found;
+}
+
 QList<QJsonObject> SpectrumArea::records() const
 {
     QList<QJsonObject> found;
-    const QList<QMdiSubWindow*> subWindows = area.subWindowList(QMdiArea::CreationOrder);
-    for (const QMdiSubWindow* subWindow : subWindows) {
-        if (const auto* spectrum = qobject_cast<SpectrumWindow*>(subWindow->widget()))
-            found.append(spectrum->model()->toJson());
-    }
+    const QList<SpectrumWindow*> spectra = all();
+    for (const SpectrumWindow* spectrum : spectra)
+        found.append(spectrum->model()->toJson());
     return found;
 }
 

@@ -9,6 +9,7 @@
 class QMdiArea;
 class QWidget;
 class SpectrumTabs;
+class SpectrumWatch;
 class SpectrumWindow;
 
 /// The spectra of a document: one sub-window each in a multiple-document area, which it borrows and
@@ -35,14 +36,19 @@ public:
 
     /// Closes the spectrum in front, without a question. Returns whether there was one.
     bool closeActive();
+
     void closeAll();
 
+    [[nodiscard]] const SpectrumWatch& watch() const { return *spectrumWatch; }
+
 private:
+    [[nodiscard]] QList<SpectrumWindow*> all() const;
     /// Adds the window, takes its title away and returns it: a sub-window measures its title again
     /// and again until it is shown.
     [[nodiscard]] QString addWithoutTitle(SpectrumWindow* window);
     void showFirst();
 
     QMdiArea& area;
-    SpectrumTabs* tabs; ///< Belongs to the area.
+    SpectrumTabs* tabs; ///< Belongs to the area, as do the others.
+    SpectrumWatch* spectrumWatch;
 };

@@ -118,7 +118,8 @@ SpectrumModel::SpectrumModel(QObject* parent, QPlainTextEdit* editor)
 
     if (pointText != nullptr) {
         connect(pointText, &QPlainTextEdit::textChanged, this, [this] {
-            if (!writingPointText)
+            typed = !writingPointText;
+            if (typed)
                 updateTimer->start();
         });
     }
@@ -209,6 +210,7 @@ void SpectrumModel::replacePoints(const QString& lines)
 void SpectrumModel::emitSpectrumDataChanged()
 {
     const WaitCursor waiting;
+    typed = false;
     if (!writingPointText && pointText != nullptr)
         pointLines = PointText::withoutEmptyLines(pointText->document()->toPlainText());
     Q_EMIT spectrumDataChanged();

@@ -53,6 +53,12 @@ public:
     /// at every call; text typed within the last two seconds is not yet part of it.
     [[nodiscard]] QList<QPointF> points() const;
 
+    /// The point editor; null when there is none.
+    [[nodiscard]] QPlainTextEdit* editor() const { return pointText; }
+
+    /// Whether the editor holds typed text that is not yet taken over.
+    [[nodiscard]] bool hasTypedPoints() const { return typed; }
+
     /// The spectrum record. Only the three columns that belong to the type are part of it.
     [[nodiscard]] QJsonObject toJson() const;
 
@@ -86,6 +92,7 @@ private:
     QTimer* updateTimer;
     QPlainTextEdit* pointText;
     bool writingPointText = false;
+    bool typed = false;
     /// The point text without its empty lines. One string, not a list: splitting a long text costs
     /// many times what parsing it does.
     QString pointLines;

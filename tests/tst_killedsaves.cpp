@@ -6,6 +6,7 @@
 #include "tests/support/documentwindow.h"
 #include "tests/support/fulldisk.h"
 #include "tests/support/sandboxtest.h"
+#include "widgets/elidedlabel.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -158,6 +159,7 @@ private Q_SLOTS:
             TestSupport::trigger(window, "actionSaveSpecies");
         }
         QCOMPARE(window.windowTitle(), u"KORVELA Entry Edit - entry.json"_s);
+        verifyToldInTheStatusBar(window, u"Entry"_s);
         QCOMPARE(sandbox->read(u"files/entry.json"_s), old);
         QCOMPARE(filesIn(folder()), QStringList{u"entry.json"_s});
 
@@ -183,6 +185,7 @@ private Q_SLOTS:
             TestSupport::trigger(window, "actionSaveSpectrumAs");
         }
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        verifyToldInTheStatusBar(window, u"Spectrum"_s);
         QCOMPARE(sandbox->read(u"files/spectrum.json"_s), "the older spectrum");
         QCOMPARE(filesIn(folder()), QStringList{u"spectrum.json"_s});
     }
@@ -210,11 +213,19 @@ private Q_SLOTS:
             QVERIFY(QMetaObject::invokeMethod(&window, "createSpeciesDatabase"));
         }
         QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        verifyToldInTheStatusBar(window, u"Database"_s);
         QCOMPARE(sandbox->read(u"files/all.json"_s), "the older database");
         QCOMPARE(filesIn(folder()), QStringList{u"all.json"_s});
     }
 
 private:
+    static void verifyToldInTheStatusBar(const QWidget& window, const QString& what)
+    {
+        const QString last = TestSupport::child<ElidedLabel>(window, "statusLast")->wholeText();
+        QVERIFY2(last.startsWith(what + u" not saved at "_s), qPrintable(last));
+        QVERIFY2(last.contains("the disk did not take it"_L1), qPrintable(last));
+    }
+
     /// What the kills have left, counted.
     struct Findings
     {

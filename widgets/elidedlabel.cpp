@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "widgets/elidedlabel.h"
+
+#include "support/tooltip.h"
+
+#include <QEvent>
+#include <QtMath>
+
+ElidedLabel::ElidedLabel(QWidget* parent)
+    : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    hide();
+}
+
+void ElidedLabel::setWholeText(const QString& text, const QString& more)
+{
+    const QString line = text.simplified();
+    if (line == whole && more == moreThanWhole)
+        return;
+    whole = line;
+    moreThanWhole = more;
+    setAccessibleName(whole); // tells screen readers
+    setVisible(!whole.isEmpty());
+    elide();
+    updateGeometry();
+}
+
+QSize ElidedLabel::sizeHint() const
+{
+    const int width = qCeil(QFontMetricsF(font()).horizontalAdvance(whole));
+    return QSize(width + 1, fontMetrics().height()).grownBy(contentsMargins());
+}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    return {0, sizeHint().height()};
+}
+
+void ElidedLabel::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        elide();
+        updateGeometry();
+    }
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    elide();
+}
+
+void ElidedLabel::elide()
+{
+    const QString shown = fontMetrics().elidedText(whole, Qt::ElideRight, contentsRect().width());
+    if (shown != text())
+        setText(shown);
+    QString told = moreThanWhole;
+    if (told.isEmpty() && shown != whole)
+        told = whole;
+    setToolTip(ToolTip::plain(told));
+}

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "widgets/entrystatus.h"
+
+#include "support/savereport.h"
+#include "widgets/elidedlabel.h"
+
+#include <QDateTime>
+#include <QStatusBar>
+
+EntryStatus::EntryStatus(QStatusBar* bar)
+    : StatusLine(bar)
+    , spectrum(addLabel(Side::Left, "statusSpectrum", tr("Spectrum in front")))
+    , typed(addLabel(Side::Left, "statusTyped", tr("What does not count yet")))
+    , fetched(addLabel(Side::Right, "statusFetching", tr("What is under way")))
+    , last(addLabel(Side::Right, "statusLast", tr("What was done last")))
+{
+    bar->addPermanentWidget(this, 1);
+}
+
+void EntryStatus::setSpectrum(const QString& text)
+{
+    spectrum->setWholeText(text);
+}
+
+void EntryStatus::setPointsTyped(bool areTyped)
+{
+    pointsTyped = areTyped;
+    showTyped();
+}
+
+void EntryStatus::setFieldTyped(bool isTyped)
+{
+    fieldTyped = isTyped;
+    showTyped();
+}
+
+void EntryStatus::showTyped()
+{
+    if (pointsTyped && fieldTyped)
+        typed->setWholeText(tr("Points and field not yet taken over"));
+    else if (pointsTyped)
+        typed->setWholeText(tr("Points not yet taken over"));
+    else
+        typed->setWholeText(fieldTyped ? tr("Field not yet taken over") : QString());
+}
+
+void EntryStatus::setFetching(bool fetching)
+{
+    fetched->setWholeText(fetching ? tr("Fetching the structure image") : QString());
+}
+
+void EntryStatus::setSaved(const QString& what, const QString& path, SaveResult result)
+{
+    const SaveReport report = saveReport(what, path, result, QDateTime::currentDateTime());
+    saved = report.text;
+    savedInFull = report.inFull;
+    last->setWholeText(saved, savedInFull);
+}
+
+void EntryStatus::setClosed(const QString& hint)
+{
+    if (hint.isEmpty())
+        last->setWholeText(saved, savedInFull);
+    else
+        last->setWholeText(hint);
+}

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "widgets/statusline.h"
+
+#include "widgets/elidedlabel.h"
+
+#include <QEvent>
+#include <QStyle>
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+StatusLine::StatusLine(QWidget* parent)
+    : QWidget(parent)
+{}
+
+QSize StatusLine::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+QSize StatusLine::minimumSizeHint() const
+{
+    return {0, fontMetrics().height()};
+}
+
+QList<int> StatusLine::fairShares(const QList<int>& wanted, int room)
+{
+    QList<qsizetype> order(wanted.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(),
+                     [&wanted](qsizetype a, qsizetype b) { return wanted.at(a) < wanted.at(b); });
+    QList<int> shares(wanted.size());
+    int left = std::max(room, 0);
+    auto others = static_cast<int>(wanted.size());
+    for (const qsizetype index : order) {
+        shares[index] = std::min(wanted.at(index), left / others);
+        left -= shares.at(index);
+        --others;
+    }
+    return shares;
+}
+
+ElidedLabel* StatusLine::addLabel(Side side, const char* name, const QString& meaning)
+{
+    auto* label = new ElidedLabel(this);
+    label->setObjectName(name);
+    label->setAccessibleDescription(meaning);
+    const auto behind = std::find_if(places.cbegin(), places.cend(),
+                                     [side](const Place& place) { return place.side > side; });
+    places.insert(behind, {label, side});
+    return label;
+}
+
+bool StatusLine::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        arrange();
+    return QWidget::event(event);
+}
+
+void StatusLine::resizeEvent(QResizeEvent* /*event*/)
+{
+    arrange();
+}
+
+void StatusLine::arrange()
+{
+    QList<Place> shown = places;
+    shown.removeIf([](const Place& place) { return place.label->isHidden(); });
+    if (shown.isEmpty())
+        return;
+    QList<int> wanted;
+    for (const Place& place : shown)
+        wanted.append(place.label->sizeHint().width());
+    const auto count = static_cast<int>(shown.size());
+    const int gap = std::min(2 * fontMetrics().averageCharWidth(), width() / count);
+    const int room = width() - gap * count;
+    const QList<int> shares = fairShares(wanted, room);
+
+    int x = gap / 2;
+    int unused = room - std::accumulate(shares.begin(), shares.end(), 0);
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        if (shown.at(i).side == Side::Right)
+            x += std::exchange(unused, 0);
+        shown.at(i).label->setGeometry(
+            QStyle::visualRect(layoutDirection(), rect(), QRect(x, 0, shares.at(i), height())));
+        x += shares.at(i) + gap;
+    }
+}
