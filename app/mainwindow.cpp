@@ -6,6 +6,7 @@
 #include "species/specieshint.h"
 #include "species/speciesmodel.h"
 #include "species/structuredownload.h"
+#include "spectrum/closedspectra.h"
 #include "spectrum/spectrumarea.h"
 #include "spectrum/spectrumwatch.h"
 #include "support/messages.h"
@@ -135,6 +136,11 @@ void MainWindow::connectStatus()
     connect(&watch, &SpectrumWatch::typedPointsChanged, status, &EntryStatus::setPointsTyped);
     connect(new TypedField(this), &TypedField::changed, status, &EntryStatus::setFieldTyped);
     connect(download, &StructureDownload::runningChanged, status, &EntryStatus::setFetching);
+    connect(&spectra->closed(), &ClosedSpectra::hintChanged, status, &EntryStatus::setClosed);
+    connect(new QShortcut(ClosedSpectra::keys(), this), &QShortcut::activated, this, [this] {
+        if (SpectrumWindow* spectrum = spectra->closed().takeBack(this))
+            addSpectrumWindow(spectrum);
+    });
 }
 
 void MainWindow::setupMapper()

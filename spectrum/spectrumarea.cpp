@@ -3,6 +3,7 @@
 
 #include "spectrum/spectrumarea.h"
 
+#include "spectrum/closedspectra.h"
 #include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumtabs.h"
 #include "spectrum/spectrumwatch.h"
@@ -20,6 +21,7 @@ SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
     : area(multipleDocumentArea)
     , tabs(new SpectrumTabs(&multipleDocumentArea))
     , spectrumWatch(new SpectrumWatch(&multipleDocumentArea))
+    , closedSpectra(new ClosedSpectra(&multipleDocumentArea))
 {}
 
 void SpectrumArea::add(SpectrumWindow* window)
@@ -36,6 +38,7 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
     // As a stop of the Tab key it would catch every Shift+Tab of the form.
     subWindow->setFocusPolicy(Qt::ClickFocus);
     spectrumWatch->follow(window);
+    closedSpectra->follow(window);
     // A sub-window measures its whole title whenever it is laid out, and its tab shows far less.
     const auto setCaption = [subWindow](const QString& title) {
         constexpr qsizetype mostCharacters = 1000;
@@ -114,5 +117,9 @@ bool SpectrumArea::closeActive()
 
 void SpectrumArea::closeAll()
 {
+    const QList<SpectrumWindow*> spectra = all();
+    for (SpectrumWindow* spectrum : spectra)
+        closedSpectra->unfollow(spectrum);
+    closedSpectra->forget();
     area.closeAllSubWindows();
 }

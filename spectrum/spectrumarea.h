@@ -6,6 +6,7 @@
 #include <QJsonObject>
 #include <QList>
 
+class ClosedSpectra;
 class QMdiArea;
 class QWidget;
 class SpectrumTabs;
@@ -37,8 +38,11 @@ public:
     /// Closes the spectrum in front, without a question. Returns whether there was one.
     bool closeActive();
 
+    /// Closes all spectra, and forgets those that could have been brought back.
     void closeAll();
 
+    /// Those that a person has closed and can bring back.
+    [[nodiscard]] ClosedSpectra& closed() const { return *closedSpectra; }
     [[nodiscard]] const SpectrumWatch& watch() const { return *spectrumWatch; }
 
 private:
@@ -51,4 +55,5 @@ private:
     QMdiArea& area;
     SpectrumTabs* tabs; ///< Belongs to the area, as do the others.
     SpectrumWatch* spectrumWatch;
+    ClosedSpectra* closedSpectra;
 };

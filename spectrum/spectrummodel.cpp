@@ -207,6 +207,16 @@ void SpectrumModel::replacePoints(const QString& lines)
     Q_EMIT spectrumDataChanged();
 }
 
+void SpectrumModel::setPointText(const QString& text)
+{
+    pointLines = PointText::withoutEmptyLines(text);
+    if (pointText != nullptr) {
+        const QScopedValueRollback<bool> writing(writingPointText, true);
+        pointText->setPlainText(text);
+    }
+    Q_EMIT spectrumDataChanged();
+}
+
 void SpectrumModel::emitSpectrumDataChanged()
 {
     const WaitCursor waiting;

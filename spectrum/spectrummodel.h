@@ -59,6 +59,9 @@ public:
     /// Whether the editor holds typed text that is not yet taken over.
     [[nodiscard]] bool hasTypedPoints() const { return typed; }
 
+    /// Replaces the points by those of the text, and the editor's text by it as it is.
+    void setPointText(const QString& text);
+
     /// The spectrum record. Only the three columns that belong to the type are part of it.
     [[nodiscard]] QJsonObject toJson() const;
 
