@@ -92,6 +92,7 @@ void SpectrumTabs::showTitle(const QMdiSubWindow& subWindow)
     const QFontMetrics metrics = bar->fontMetrics();
     const QString text = tabText(title, metrics, widestTitle * metrics.averageCharWidth());
     bar->setTabText(index, text.isEmpty() ? QMdiArea::tr("(Untitled)") : text);
+    bar->setTabIcon(index, {}); // the editor's own on every tab leaves less room for titles
     bar->setTabToolTip(index, toolTip(title));
     bar->setAccessibleTabName(index, title);
 }

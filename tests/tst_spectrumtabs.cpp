@@ -98,6 +98,18 @@ private Q_SLOTS:
         QCOMPARE(bar()->tabText(1), u"two"_s);
     }
 
+    void titleHasTheRoomOfTheIcon()
+    {
+        const QIcon before = QApplication::windowIcon();
+        QPixmap square(16, 16);
+        square.fill(Qt::red);
+        QApplication::setWindowIcon(QIcon(square));
+        open({u"one"_s, u"two"_s});
+        QVERIFY(bar()->tabIcon(0).isNull());
+        QVERIFY(bar()->tabIcon(1).isNull());
+        QApplication::setWindowIcon(before);
+    }
+
     void tabOfAnEndlessTitleIsElided()
     {
         open({u"one"_s});
