@@ -39,6 +39,7 @@ SpectrumTabs::SpectrumTabs(QMdiArea* mdiArea)
     Q_ASSERT(bar != nullptr);
     bar->setElideMode(Qt::ElideRight);
     bar->setExpanding(false);
+    bar->setIconSize({0, 0}); // or the bar would be higher until the icon of a new tab is gone
     bar->installEventFilter(this);
     addKeys();
 }

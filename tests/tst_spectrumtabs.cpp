@@ -104,10 +104,15 @@ private Q_SLOTS:
         QPixmap square(16, 16);
         square.fill(Qt::red);
         QApplication::setWindowIcon(QIcon(square));
-        open({u"one"_s, u"two"_s});
+        bar()->setFont(QFont(bar()->font().family(), 6)); // smaller than an icon
+        open({u"one"_s, u"two"_s, u"three"_s, u"four"_s, u"five"_s, u"six"_s});
+        QApplication::setWindowIcon(before);
+        QCoreApplication::processEvents();
         QVERIFY(bar()->tabIcon(0).isNull());
         QVERIFY(bar()->tabIcon(1).isNull());
-        QApplication::setWindowIcon(before);
+        // Tabs that became lower meanwhile would leave others to be seen below the first.
+        const auto* area = child<QMdiArea>(*window, "mdiArea");
+        QCOMPARE(area->activeSubWindow()->size(), area->viewport()->size());
     }
 
     void tabOfAnEndlessTitleIsElided()
