@@ -96,5 +96,8 @@ void PointListLink::selectNearest(QPointF position)
     QTextCursor cursor = list.textCursor();
     cursor.setPosition(static_cast<int>(nearest->position + nearest->length));
     cursor.setPosition(static_cast<int>(nearest->position), QTextCursor::KeepAnchor);
+    const bool wasSeen = list.viewport()->rect().contains(list.cursorRect(cursor));
     list.setTextCursor(cursor);
+    if (!wasSeen) // not just inside of the list's edge, which may itself be scrolled out of the form
+        list.centerCursor();
 }

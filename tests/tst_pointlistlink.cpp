@@ -129,7 +129,8 @@ private Q_SLOTS:
         click(*window, pixel(*window, {1500, 0}) + QPoint(0, -1));
         const QPlainTextEdit* list = pointEditor(*window);
         QVERIFY(list->textCursor().blockNumber() > 1000);
-        QVERIFY(list->viewport()->rect().contains(list->cursorRect().center()));
+        const QRect seen = list->viewport()->rect();
+        QVERIFY(std::abs(list->cursorRect().center().y() - seen.center().y()) < seen.height() / 4);
     }
 
     void otherMotionsSelectNothing()
