@@ -54,12 +54,17 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
 void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
 {
     area.setUpdatesEnabled(false);
+    const SpectrumTabs::Many manyTabs(*tabs);
     QList<std::pair<SpectrumWindow*, QString>> titles;
     for (const QJsonObject& dataset : datasets) {
         auto* window = new SpectrumWindow(dataset, document);
         titles.append({window, addWithoutTitle(window)});
         // The first one fills the area; all others need not do so only to be covered by the next.
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+        // The toolkit looks through all events that wait before it adds one.
+        constexpr int mostWaiting = 32; // windows
+        if (titles.size() % mostWaiting == 0)
+            QCoreApplication::sendPostedEvents();
     }
     area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
     showFirst();
@@ -121,5 +126,6 @@ void SpectrumArea::closeAll()
     for (SpectrumWindow* spectrum : spectra)
         closedSpectra->unfollow(spectrum);
     closedSpectra->forget();
+    const SpectrumTabs::Many manyTabs(*tabs);
     area.closeAllSubWindows();
 }

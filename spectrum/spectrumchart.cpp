@@ -112,7 +112,8 @@ void SpectrumChart::fill(const QList<QPointF>& points, bool sticks)
     fitAxes(points);
     // New labels may need another margin. What is seen is to be right at once, not at the next
     // event.
-    layout()->setGeometry(layout()->geometry());
+    if (isVisible())
+        layout()->setGeometry(layout()->geometry());
     asSticks = sticks;
     line->replace(asSticks ? SpectrumPoints::sticks(points) : points);
     curve->setPoints(line->points(), line->pen());
@@ -175,6 +176,8 @@ QSize SpectrumChart::roomForText(const QChart& chart, const QFontMetrics& metric
 
 bool SpectrumChart::event(QEvent* event)
 {
+    if (event->type() == QEvent::LayoutRequest && !isVisible())
+        return true; // nobody has seen it yet; it is laid out when it is shown
     const WithoutPoints whatIsLaidOut(*this);
     return QChart::event(event);
 }

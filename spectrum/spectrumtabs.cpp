@@ -44,6 +44,17 @@ SpectrumTabs::SpectrumTabs(QMdiArea* mdiArea)
     addKeys();
 }
 
+SpectrumTabs::Many::Many(const SpectrumTabs& tabs)
+    : bar(*tabs.bar)
+{
+    bar.hide();
+}
+
+SpectrumTabs::Many::~Many()
+{
+    bar.show();
+}
+
 void SpectrumTabs::addKeys()
 {
     // The area itself knows these keys only while one of its spectra has the focus.

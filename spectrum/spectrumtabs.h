@@ -23,6 +23,19 @@ public:
     /// The area shows tabs already; it owns this object.
     explicit SpectrumTabs(QMdiArea* area);
 
+    /// While one exists, tabs come and go unseen. The toolkit lays all of them out each time that one
+    /// of those that are seen changes.
+    class Many
+    {
+    public:
+        explicit Many(const SpectrumTabs& tabs);
+        ~Many();
+        Q_DISABLE_COPY_MOVE(Many)
+
+    private:
+        QTabBar& bar;
+    };
+
     /// Shows the title of the spectrum in the area's child, now and whenever it changes.
     void follow(QMdiSubWindow* subWindow);
 
