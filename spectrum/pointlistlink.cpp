@@ -98,6 +98,7 @@ void PointListLink::selectNearest(QPointF position)
     cursor.setPosition(static_cast<int>(nearest->position), QTextCursor::KeepAnchor);
     const bool wasSeen = list.viewport()->rect().contains(list.cursorRect(cursor));
     list.setTextCursor(cursor);
-    if (!wasSeen) // not just inside of the list's edge, which may itself be scrolled out of the form
+    if (!wasSeen) // not just inside of the list's edge, which may itself be scrolled out of the
+                  // form
         list.centerCursor();
 }

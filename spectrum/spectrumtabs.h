@@ -23,8 +23,8 @@ public:
     /// The area shows tabs already; it owns this object.
     explicit SpectrumTabs(QMdiArea* area);
 
-    /// While one exists, tabs come and go unseen. The toolkit lays all of them out each time that one
-    /// of those that are seen changes.
+    /// While one exists, tabs come and go unseen. The toolkit lays all of them out each time that
+    /// one of those that are seen changes.
     class Many
     {
     public:
