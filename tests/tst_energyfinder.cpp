@@ -179,6 +179,16 @@ private Q_SLOTS:
         QCOMPARE(window->windowTitle(), title);
     }
 
+    void fieldIsTheLastStopOfTheTabKey()
+    {
+        open();
+        child<QWidget>(*spectrum, "chartSpectrum")->setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Tab);
+        QVERIFY(field()->hasFocus());
+        press(Qt::Key_Tab, Qt::ShiftModifier);
+        QVERIFY(child<QWidget>(*spectrum, "chartSpectrum")->hasFocus());
+    }
+
     void onlyTheSpectrumWithTheFocusAnswers()
     {
         const SpectrumWindow* other = spectrum;
