@@ -66,7 +66,7 @@ void SpectrumWatch::update()
 
 QString SpectrumWatch::summary()
 {
-    // The current one stays when another program is in front; the active one does not.
+    // There is a current one, but not always an active one, while another program is in front.
     const SpectrumModel* model = modelIn(area->currentSubWindow());
     if (model == nullptr)
         return {};

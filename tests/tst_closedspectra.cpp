@@ -97,7 +97,7 @@ private Q_SLOTS:
                                  {u"LevelOfTheory"_s, u"<span>x</span>"_s},
                                  {u"ConvolutionFWHM"_s, u"7"_s},
                                  {u"AIE"_s, u"12.6"_s},
-                                 {u"FurtherComments"_s, u"a<br>b"_s},
+                                 {u"FurtherComments"_s, u"a<br>&lt;b"_s},
                                  {u"T"_s, u"300"_s}};
         open(record);
         auto* type = child<QComboBox>(*window, "comboBoxType");

@@ -108,6 +108,10 @@ private Q_SLOTS:
             QVERIFY(label(name)->width() > 100);
         }
         QVERIFY(label("statusSpectrum")->toolTip().contains(QString(400, u's')));
+        window->resize(400, 200);
+        QCoreApplication::processEvents();
+        QCOMPARE(label("statusTyped")->text(), u"Points not yet taken over"_s);
+        QVERIFY(label("statusFetching")->text().endsWith(u'\u2026'));
         window->resize(8000, 200);
         QCoreApplication::processEvents();
         QCOMPARE(label("statusSpectrum")->text(), QString(400, u's'));

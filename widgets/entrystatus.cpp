@@ -11,10 +11,10 @@
 
 EntryStatus::EntryStatus(QStatusBar* bar)
     : StatusLine(bar)
-    , spectrum(addLabel(Side::Left, "statusSpectrum", tr("Spectrum in front")))
-    , typed(addLabel(Side::Left, "statusTyped", tr("What does not count yet")))
-    , fetched(addLabel(Side::Right, "statusFetching", tr("What is under way")))
-    , last(addLabel(Side::Right, "statusLast", tr("What was done last")))
+    , spectrum(addLabel(Side::Left, Rank::Second, "statusSpectrum", tr("Spectrum in front")))
+    , typed(addLabel(Side::Left, Rank::First, "statusTyped", tr("What does not count yet")))
+    , fetched(addLabel(Side::Right, Rank::Second, "statusFetching", tr("What is under way")))
+    , last(addLabel(Side::Right, Rank::Second, "statusLast", tr("What was done last")))
 {
     bar->addPermanentWidget(this, 1);
 }

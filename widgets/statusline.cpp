@@ -43,14 +43,14 @@ QList<int> StatusLine::fairShares(const QList<int>& wanted, int room)
     return shares;
 }
 
-ElidedLabel* StatusLine::addLabel(Side side, const char* name, const QString& meaning)
+ElidedLabel* StatusLine::addLabel(Side side, Rank rank, const char* name, const QString& meaning)
 {
     auto* label = new ElidedLabel(this);
     label->setObjectName(name);
     label->setAccessibleDescription(meaning);
     const auto behind = std::find_if(places.cbegin(), places.cend(),
                                      [side](const Place& place) { return place.side > side; });
-    places.insert(behind, {label, side});
+    places.insert(behind, {label, side, rank});
     return label;
 }
 
@@ -66,27 +66,45 @@ void StatusLine::resizeEvent(QResizeEvent* /*event*/)
     arrange();
 }
 
+QList<int> StatusLine::shares(const QList<Place>& shown, int room)
+{
+    QList<int> widths(shown.size());
+    int left = room;
+    for (const Rank rank : {Rank::First, Rank::Second}) {
+        QList<qsizetype> indices;
+        QList<int> wanted;
+        for (qsizetype i = 0; i < shown.size(); ++i) {
+            if (shown.at(i).rank != rank)
+                continue;
+            indices.append(i);
+            wanted.append(shown.at(i).label->sizeHint().width());
+        }
+        const QList<int> granted = fairShares(wanted, left);
+        for (qsizetype i = 0; i < indices.size(); ++i)
+            widths[indices.at(i)] = granted.at(i);
+        left -= std::accumulate(granted.begin(), granted.end(), 0);
+    }
+    return widths;
+}
+
 void StatusLine::arrange()
 {
     QList<Place> shown = places;
     shown.removeIf([](const Place& place) { return place.label->isHidden(); });
     if (shown.isEmpty())
         return;
-    QList<int> wanted;
-    for (const Place& place : shown)
-        wanted.append(place.label->sizeHint().width());
     const auto count = static_cast<int>(shown.size());
     const int gap = std::min(2 * fontMetrics().averageCharWidth(), width() / count);
     const int room = width() - gap * count;
-    const QList<int> shares = fairShares(wanted, room);
+    const QList<int> widths = shares(shown, room);
 
     int x = gap / 2;
-    int unused = room - std::accumulate(shares.begin(), shares.end(), 0);
+    int unused = room - std::accumulate(widths.begin(), widths.end(), 0);
     for (qsizetype i = 0; i < shown.size(); ++i) {
         if (shown.at(i).side == Side::Right)
             x += std::exchange(unused, 0);
         shown.at(i).label->setGeometry(
-            QStyle::visualRect(layoutDirection(), rect(), QRect(x, 0, shares.at(i), height())));
-        x += shares.at(i) + gap;
+            QStyle::visualRect(layoutDirection(), rect(), QRect(x, 0, widths.at(i), height())));
+        x += widths.at(i) + gap;
     }
 }

@@ -9,7 +9,8 @@
 class ElidedLabel;
 
 /// Short texts beside each other in one line, some from its left end on and some up to its right
-/// end. Where there is too little room, long ones give way to short ones. A window may become as
+/// end. Where there is too little room, long ones give way to short ones,
+/// and all to those of the first rank. A window may become as
 /// small as it could without the line.
 class StatusLine : public QWidget
 {
@@ -27,8 +28,9 @@ public:
 
 protected:
     enum class Side { Left, Right };
+    enum class Rank { First, Second }; ///< Whose text is not to give way to the others'.
     /// A label behind those that the side has already. Screen readers describe it with @p meaning.
-    ElidedLabel* addLabel(Side side, const char* name, const QString& meaning);
+    ElidedLabel* addLabel(Side side, Rank rank, const char* name, const QString& meaning);
 
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -38,8 +40,10 @@ private:
     {
         ElidedLabel* label;
         Side side;
+        Rank rank;
     };
 
+    [[nodiscard]] static QList<int> shares(const QList<Place>& shown, int room);
     void arrange();
 
     QList<Place> places; ///< From left to right.
