@@ -33,13 +33,13 @@ Q_SIGNALS:
     void typedPointsChanged(bool areTyped);
 
 private:
-    void forget(const QObject* spectrum);
+    void forget(const QObject* model);
     void updateSoon();
     void update();
     [[nodiscard]] QString summary();
     [[nodiscard]] bool hasTypedPoints() const;
 
     QMdiArea* area;
-    QHash<const QObject*, QString> summaries; ///< Of the spectra that were in front.
+    QHash<const QObject*, QString> summaries; ///< By model, of those that were in front.
     bool isUpdating = false;
 };
