@@ -172,6 +172,19 @@ private Q_SLOTS:
         QCOMPARE(drawn(*window), (Points{{10, 500}, {11, 1000}}));
     }
 
+    void whatACommandDidNotKnowYetComesBack()
+    {
+        const auto* window = show();
+        auto* list = pointEditor(*window);
+        setPoints(*window, u"10 5"_s);
+        QTest::keyClick(list, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(list, u"\r11 10"_s);
+        click(*window, "buttonNormalize");
+        QCOMPARE(textOf(*window), u"10.0000 1000.00"_s);
+        undo(*window);
+        QCOMPARE(textOf(*window), u"10 5\n11 10"_s);
+    }
+
     void loadingCannotBeTakenBack()
     {
         const QJsonObject dataset{{u"E"_s, QJsonArray{1, 2}}, {u"I"_s, QJsonArray{3, 4}}};
