@@ -58,7 +58,7 @@ struct Shown
     QPlainTextEdit* list = nullptr;
     bool turn = false;
 
-    QWidget& surface() const { return *chart->viewport(); }
+    [[nodiscard]] QWidget& surface() const { return *chart->viewport(); }
 
     /// A place in the chart that is another one each time.
     QPoint somewhere(QPoint first, QPoint second)

@@ -35,9 +35,8 @@ private:
 };
 
 /// A shown editor whose settings are its own.
-class Editor
+struct Editor
 {
-public:
     Editor();
 
     void load(const QString& path);
@@ -48,8 +47,6 @@ public:
 
     MainWindow window;
     ChartWatch charts;
-
-private:
     QTemporaryDir settings;
 };
 
@@ -64,9 +61,8 @@ void showInChart(const QChartView& view, const QList<QPointF>& points);
 
 /// The same kinds of widgets as a spectrum window, without a line of the editor's code, filled with
 /// the same data: what Qt alone takes.
-class BareWindows
+struct BareWindows
 {
-public:
     BareWindows();
     ~BareWindows();
     Q_DISABLE_COPY_MOVE(BareWindows)
@@ -76,8 +72,6 @@ public:
     void closeAll();
 
     ChartWatch charts;
-
-private:
     QMainWindow window;
     QMdiArea* area;
 };

@@ -124,13 +124,13 @@ build_release() { # target...
     quietly cmake --build "$root/build/release" --target "$@"
 }
 
-# Compiles with clang and its plugin clazy, in build/clazy, what the analysers look at: the programs and
-# the tools.
+# Compiles with clang and its plugin clazy, in build/clazy, what the analysers look at: the programs,
+# the tools and the benchmarks.
 build_analysed() { # [option of cmake --build...]
     install_build_packages
-    install_packages clazy
+    install_packages clazy libqcustomplot-dev
     prefer_recent_cmake
     export CCACHE_DISABLE=1 # the cache does not know which checks were asked for
-    quietly cmake -S "$root" --preset clazy -DKORVELA_BUILD_TESTS=OFF
-    quietly cmake --build "$root/build/clazy" "$@"
+    quietly cmake -S "$root" --preset clazy -DKORVELA_BUILD_TESTS=ON -DKORVELA_BUILD_BENCHMARKS=ON
+    quietly cmake --build "$root/build/clazy" --target analysed "$@"
 }
