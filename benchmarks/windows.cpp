@@ -186,7 +186,7 @@ BareWindows::BareWindows()
 
 BareWindows::~BareWindows() = default;
 
-void BareWindows::open(const QJsonObject& entry)
+void BareWindows::open(const QJsonObject& entry) const
 {
     for (auto value = entry.constBegin(); value != entry.constEnd(); ++value) {
         if (!value.key().startsWith("Dataset"_L1))
@@ -197,7 +197,7 @@ void BareWindows::open(const QJsonObject& entry)
     }
 }
 
-void BareWindows::closeAll()
+void BareWindows::closeAll() const
 {
     area->closeAllSubWindows();
 }

@@ -68,8 +68,8 @@ struct BareWindows
     Q_DISABLE_COPY_MOVE(BareWindows)
 
     /// Opens one window for each dataset of the entry.
-    void open(const QJsonObject& entry);
-    void closeAll();
+    void open(const QJsonObject& entry) const;
+    void closeAll() const;
 
     ChartWatch charts;
     QMainWindow window;
