@@ -180,8 +180,10 @@ private Q_SLOTS:
 
     void screenReadersAreToldOfWhatIsNewOnce()
     {
-        if (!QAccessible::isActive())
-            QSKIP("nobody listens on this platform; where a screen reader does, this is tested");
+        // Whoever listens does so over a bus to which the program connects after its start.
+        const bool isDeaf = QGuiApplication::platformName() == "offscreen"_L1;
+        if (!QTest::qWaitFor(&QAccessible::isActive, isDeaf ? 0 : 5000))
+            QSKIP("needs a platform on which somebody listens to what screen readers are told");
         announcements().clear();
         const auto before = QAccessible::installUpdateHandler(noteAnnouncement);
         for (int key = 0; key < 5; ++key)

@@ -22,7 +22,11 @@ void ElidedLabel::setWholeText(const QString& text, const QString& more)
         return;
     whole = line;
     moreThanWhole = more;
-    setAccessibleName(whole); // tells screen readers
+    // The label tells screen readers of its name, but of its text only when it has none: they would
+    // hear an old text once more when it goes.
+    if (whole.isEmpty())
+        clear();
+    setAccessibleName(whole);
     setVisible(!whole.isEmpty());
     elide();
     updateGeometry();
