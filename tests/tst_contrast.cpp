@@ -19,6 +19,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QStyleOptionDockWidget>
@@ -240,6 +241,9 @@ private Q_SLOTS:
                     tabs->tabRect(i)
                         .adjusted(8, 8, -8, -4)
                         .translated(tabs->mapTo(window.get(), QPoint(0, 0))));
+        const int before = measured;
+        measureWidgets(*window->statusBar(), *window);
+        QCOMPARE(measured - before, 1); // what was understood of the points
         for (const char* name : {"menuSpecies", "menuSpectrum"}) {
             auto* menu = child<QMenu>(*window, name);
             menu->popup(QPoint(0, 0));
