@@ -9,6 +9,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <utility>
 
@@ -68,22 +69,16 @@ void StatusLine::resizeEvent(QResizeEvent* /*event*/)
 
 QList<int> StatusLine::shares(const QList<Place>& shown, int room)
 {
-    QList<int> widths(shown.size());
-    int left = room;
-    for (const Rank rank : {Rank::First, Rank::Second}) {
-        QList<qsizetype> indices;
+    const auto wantedBy = [&shown](Rank rank) {
         QList<int> wanted;
-        for (qsizetype i = 0; i < shown.size(); ++i) {
-            if (shown.at(i).rank != rank)
-                continue;
-            indices.append(i);
-            wanted.append(shown.at(i).label->sizeHint().width());
-        }
-        const QList<int> granted = fairShares(wanted, left);
-        for (qsizetype i = 0; i < indices.size(); ++i)
-            widths[indices.at(i)] = granted.at(i);
-        left -= std::accumulate(granted.begin(), granted.end(), 0);
-    }
+        for (const Place& place : shown)
+            wanted.append(place.rank == rank ? place.label->sizeHint().width() : 0);
+        return wanted;
+    };
+    QList<int> widths = fairShares(wantedBy(Rank::First), room);
+    const int left = room - std::accumulate(widths.begin(), widths.end(), 0);
+    const QList<int> others = fairShares(wantedBy(Rank::Second), left);
+    std::transform(widths.begin(), widths.end(), others.begin(), widths.begin(), std::plus<>());
     return widths;
 }
 
