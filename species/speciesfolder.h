@@ -31,7 +31,7 @@ public:
             NoSpeciesFiles,
             NoOtherSpeciesFiles
         };
-        Outcome outcome;
+        Outcome outcome = Outcome::NoJsonFiles;
         Found found = {};
     };
 

@@ -31,7 +31,7 @@ void SpectrumArea::add(SpectrumWindow* window)
 
 QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
 {
-    const QString windowTitle = window->windowTitle();
+    QString windowTitle = window->windowTitle();
     window->setWindowTitle({});
     QMdiSubWindow* subWindow = area.addSubWindow(window);
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
