@@ -43,6 +43,7 @@ PointListLink::PointListLink(QPlainTextEdit& pointList, SpectrumChartView& chart
     , view(chartView)
 {
     connect(&list, &QPlainTextEdit::cursorPositionChanged, this, &PointListLink::markCurrentLine);
+    connect(&list, &QPlainTextEdit::selectionChanged, this, &PointListLink::markCurrentLine);
     connect(&list, &QPlainTextEdit::textChanged, this, &PointListLink::markCurrentLine);
     list.installEventFilter(this);
     view.viewport()->installEventFilter(this);
@@ -77,7 +78,9 @@ void PointListLink::markCurrentLine()
     const QTextCursor cursor = list.textCursor();
     const QTextBlock line = cursor.block();
     constexpr int longest = 1000; // characters; nobody writes two numbers with so many
-    if ((cursor.position() == 0 && !list.hasFocus() && !view.hasFocus()) || line.length() > longest)
+    const bool isTouched =
+        cursor.position() > 0 || cursor.hasSelection() || list.hasFocus() || view.hasFocus();
+    if (!isTouched || line.length() > longest)
         view.setMark({});
     else
         view.setMark(PointText::pointOf(line.text()));

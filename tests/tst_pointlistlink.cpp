@@ -7,6 +7,7 @@
 #include "spectrum/spectrumwindow.h"
 #include "tests/support/spectrumtest.h"
 
+#include <QApplication>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -196,6 +197,15 @@ private Q_SLOTS:
         child<QWidget>(*window, "lineEditTitle")->setFocus();
         QVERIFY(!isMarked(*window, {9, 5}));
         pointEditor(*window)->setFocus();
+        QVERIFY(isMarked(*window, {9, 5}));
+    }
+
+    void firstLineIsMarkedWhenItIsFound()
+    {
+        setPoints(*window, u"9 5\n10 6"_s);
+        QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), u"9.1"_s);
+        QCOMPARE(selected(*window), u"9 5"_s);
         QVERIFY(isMarked(*window, {9, 5}));
     }
 
