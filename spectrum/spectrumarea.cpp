@@ -126,6 +126,5 @@ void SpectrumArea::closeAll()
     for (SpectrumWindow* spectrum : spectra)
         closedSpectra->unfollow(spectrum);
     closedSpectra->forget();
-    const SpectrumTabs::Many manyTabs(*tabs);
     area.closeAllSubWindows();
 }

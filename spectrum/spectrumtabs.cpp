@@ -47,7 +47,9 @@ SpectrumTabs::SpectrumTabs(QMdiArea* mdiArea)
 SpectrumTabs::Many::Many(const SpectrumTabs& tabs)
     : bar(*tabs.bar)
 {
-    bar.hide();
+    // The focus would go on to a field, which counts as edited when it is left.
+    if (!bar.hasFocus())
+        bar.hide();
 }
 
 SpectrumTabs::Many::~Many()

@@ -6,8 +6,10 @@
 #include "widgets/singlelinetextedit.h"
 
 #include <QDataWidgetMapper>
+#include <QMdiArea>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -197,6 +199,20 @@ private Q_SLOTS:
         type("lineEditCAS", u"b"_s);
         QTRY_COMPARE(cell(5).toString(), u"b"_s);
         QCOMPARE(cell(0).toString(), u"<i>more</i> than the  field can show"_s);
+    }
+
+    void openingLeavesNoFieldOnTheWay()
+    {
+        auto* tabs = child<QMdiArea>(*window, "mdiArea")->findChild<QTabBar*>();
+        tabs->setFocus();
+        QVERIFY(tabs->hasFocus());
+        // The datasets stand beside the species.
+        QVERIFY(loadEntry(R"({"Name": "<i>more</i> than the  field can show"},
+                              "Dataset1": {"Title": "a"}, "Dataset2": {"Title": "b"})"));
+        QCOMPARE(tabs->count(), 2);
+        QTRY_VERIFY(!tabs->hasFocus()); // the first spectrum has it
+        QCOMPARE(cell(0).toString(), u"<i>more</i> than the  field can show"_s);
+        QCOMPARE(window->windowTitle(), cleanTitle());
     }
 
     void typingAndUndoingDoesNotModify()
