@@ -17,6 +17,21 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// The toolkit looks through all events that wait before it adds one, and new windows make
+/// hundreds. Nothing else is delivered: an answer from the network has no business in a half-opened
+/// entry.
+void deliverLayouts()
+{
+    for (const QEvent::Type type :
+         {QEvent::ChildPolished, QEvent::PolishRequest, QEvent::LayoutRequest, QEvent::UpdateLater,
+          QEvent::UpdateRequest})
+        QCoreApplication::sendPostedEvents(nullptr, type);
+}
+
+} // namespace
+
 SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
     : area(multipleDocumentArea)
     , tabs(new SpectrumTabs(&multipleDocumentArea))
@@ -61,10 +76,9 @@ void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
         titles.append({window, addWithoutTitle(window)});
         // The first one fills the area; all others need not do so only to be covered by the next.
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-        // The toolkit looks through all events that wait before it adds one.
         constexpr int mostWaiting = 32; // windows
         if (titles.size() % mostWaiting == 0)
-            QCoreApplication::sendPostedEvents();
+            deliverLayouts();
     }
     area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
     showFirst();

@@ -77,6 +77,19 @@ private Q_SLOTS:
         QVERIFY(mdiArea->activeSubWindow()->isMaximized());
     }
 
+    void nothingComesBetweenTheSpectraOfAnEntry()
+    {
+        constexpr qsizetype many = 70;
+        bool isAnswered = false;
+        QMetaObject::invokeMethod(
+            mdiArea, [&isAnswered] { isAnswered = true; }, Qt::QueuedConnection);
+        area->show(datasets(QStringList(many, u"one"_s)), document.get());
+        QVERIFY(!isAnswered);
+        QCOMPARE(area->records().size(), many);
+        QCoreApplication::processEvents();
+        QVERIFY(isAnswered);
+    }
+
     void moreDatasetsComeBehindThoseThere()
     {
         area->show(datasets({u"one"_s}), document.get());
