@@ -137,7 +137,9 @@ void MainWindow::connectStatus()
     connect(new TypedField(this), &TypedField::changed, status, &EntryStatus::setFieldTyped);
     connect(download, &StructureDownload::runningChanged, status, &EntryStatus::setFetching);
     connect(&spectra->closed(), &ClosedSpectra::hintChanged, status, &EntryStatus::setClosed);
-    connect(new QShortcut(ClosedSpectra::keys(), this), &QShortcut::activated, this, [this] {
+    auto* bringBack = new QShortcut(ClosedSpectra::keys(), this);
+    bringBack->setAutoRepeat(false); // each press brings back one
+    connect(bringBack, &QShortcut::activated, this, [this] {
         if (SpectrumWindow* spectrum = spectra->closed().takeBack(this))
             addSpectrumWindow(spectrum);
     });

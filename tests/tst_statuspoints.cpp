@@ -36,7 +36,8 @@ private Q_SLOTS:
     void startsWithNothing()
     {
         settle();
-        for (const char* label : {"statusSpectrum", "statusTyped", "statusFetching", "statusLast"})
+        for (const char* label :
+             {"statusSpectrum", "statusTyped", "statusFetching", "statusClosed", "statusLast"})
             QCOMPARE(said(label), QString());
     }
 

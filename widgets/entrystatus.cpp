@@ -14,6 +14,7 @@ EntryStatus::EntryStatus(QStatusBar* bar)
     , spectrum(addLabel(Side::Left, Rank::Second, "statusSpectrum", tr("Spectrum in front")))
     , typed(addLabel(Side::Left, Rank::First, "statusTyped", tr("What does not count yet")))
     , fetched(addLabel(Side::Right, Rank::Second, "statusFetching", tr("What is under way")))
+    , closed(addLabel(Side::Right, Rank::Second, "statusClosed", tr("What can be brought back")))
     , last(addLabel(Side::Right, Rank::Second, "statusLast", tr("What was done last")))
 {
     bar->addPermanentWidget(this, 1);
@@ -54,15 +55,10 @@ void EntryStatus::setFetching(bool fetching)
 void EntryStatus::setSaved(const QString& what, const QString& path, SaveResult result)
 {
     const SaveReport report = saveReport(what, path, result, QDateTime::currentDateTime());
-    saved = report.text;
-    savedInFull = report.inFull;
-    last->setWholeText(saved, savedInFull);
+    last->setWholeText(report.text, report.inFull);
 }
 
 void EntryStatus::setClosed(const QString& hint)
 {
-    if (hint.isEmpty())
-        last->setWholeText(saved, savedInFull);
-    else
-        last->setWholeText(hint);
+    closed->setWholeText(hint);
 }

@@ -35,8 +35,7 @@ public:
     /// How it went, just now, to save @p what ("Entry") in a file. Stays until the next file.
     void setSaved(const QString& what, const QString& path, SaveResult result);
 
-    /// How a closed spectrum is brought back, in front of what was said of files; empty when there
-    /// is none.
+    /// How a closed spectrum is brought back; empty when there is none.
     void setClosed(const QString& hint);
 
 private:
@@ -45,9 +44,8 @@ private:
     ElidedLabel* spectrum;
     ElidedLabel* typed;
     ElidedLabel* fetched;
+    ElidedLabel* closed;
     ElidedLabel* last;
     bool pointsTyped = false;
     bool fieldTyped = false;
-    QString saved;
-    QString savedInFull;
 };

@@ -9,9 +9,8 @@
 class ElidedLabel;
 
 /// Short texts beside each other in one line, some from its left end on and some up to its right
-/// end. Where there is too little room, long ones give way to short ones,
-/// and all to those of the first rank. A window may become as
-/// small as it could without the line.
+/// end. Where there is too little room, long ones give way to short ones, and all to those of the
+/// first rank. A window may become as small as it could without the line.
 class StatusLine : public QWidget
 {
     Q_OBJECT

@@ -18,6 +18,7 @@ protected:
     [[nodiscard]] QString typed() const { return said("statusTyped"); }
     [[nodiscard]] QString fetching() const { return said("statusFetching"); }
     [[nodiscard]] QString last() const { return said("statusLast"); }
+    [[nodiscard]] QString closed() const { return said("statusClosed"); }
 
     /// What has come to be said by the time that anything is painted.
     void settle() const;
