@@ -67,8 +67,7 @@ QSize SpectrumChartView::sizeHint() const
 void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 {
     fitChart();
-    // Qt Charts 6.4 takes for granted that an item lies under every press and crashes beside the
-    // chart.
+    // Qt Charts 6.4 takes an item under every press for granted and crashes beside the chart.
     if (itemAt(event->position().toPoint()) == nullptr) {
         event->ignore();
         return;
@@ -144,6 +143,7 @@ void SpectrumChartView::fitChart()
 void SpectrumChartView::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) {
+        fitChart();
         if (auto* shown = qobject_cast<SpectrumChart*>(chart()))
             ChartPicture::copy(*shown);
         return;
@@ -243,6 +243,8 @@ void SpectrumChartView::readOut(QPointF position, bool byKey)
 
 void SpectrumChartView::refreshReadOut()
 {
+    if (mark) // its ring reaches beyond the plot, which is all that the chart itself paints anew
+        viewport()->update();
     if (readOutPosition)
         showValue(chart()->mapToValue(*readOutPosition));
 }

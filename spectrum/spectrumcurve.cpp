@@ -63,7 +63,10 @@ void SpectrumCurve::paint(QPainter* painter, const QStyleOptionGraphicsItem* /*o
                           QWidget* /*widget*/)
 {
     const QTransform toDevice = painter->deviceTransform();
-    const qreal columns = std::max(1.0, toDevice.m11());
+    // A drawing has no pixels; it may be enlarged.
+    constexpr qreal finest = 8;
+    const bool hasPixels = painter->paintEngine()->type() == QPaintEngine::Raster;
+    const qreal columns = hasPixels ? std::max(1.0, toDevice.m11()) : finest;
     painter->setClipRect(frame.area, Qt::IntersectClip);
     painter->setPen(pen);
     for (const QPolygonF& line : visibleLines(points, frame, columns, pen.widthF()))
