@@ -40,7 +40,7 @@ QKeySequence ClosedSpectra::keys()
 bool ClosedSpectra::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Close) {
-        watched->removeEventFilter(this);
+        watched->removeEventFilter(this); // nobody refuses
         keep(static_cast<const SpectrumWindow&>(*watched));
     }
     return false;

@@ -4,6 +4,8 @@
 #include "spectrum/energyfinder.h"
 
 #include "spectrum/pointlines.h"
+#include "spectrum/pointlistlines.h"
+#include "spectrum/pointtext.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -35,7 +37,7 @@ EnergyFinder::EnergyFinder(QPlainTextEdit& pointList, QWidget* window)
 
     connect(field, &QLineEdit::textChanged, this, [this] { find(0); });
     connect(field, &QLineEdit::returnPressed, this, &EnergyFinder::findNext);
-    connect(&list, &QPlainTextEdit::textChanged, message, &QLabel::clear); // true no longer
+    connect(&list, &QPlainTextEdit::textChanged, this, [this] { say({}); }); // true no longer
 }
 
 void EnergyFinder::arrange()
@@ -78,7 +80,7 @@ void EnergyFinder::open()
 void EnergyFinder::giveUp()
 {
     hide();
-    message->clear();
+    say({});
     list.setFocus(Qt::ShortcutFocusReason);
 }
 
@@ -99,10 +101,7 @@ void EnergyFinder::find(qsizetype fromLine)
         say(tr("There are no points in the list."));
         return;
     }
-    QTextCursor cursor = list.textCursor();
-    cursor.setPosition(static_cast<int>(line->position + line->length));
-    cursor.setPosition(static_cast<int>(line->position), QTextCursor::KeepAnchor);
-    select(cursor);
+    PointListLines::select(list, *line);
     constexpr int digits = 10;
     say(tr("%1 eV in line %2").arg(line->point->x(), 0, 'g', digits).arg(line->number + 1));
 }
@@ -111,14 +110,6 @@ void EnergyFinder::findNext()
 {
     const int end = list.textCursor().selectionEnd();
     find(QStringView(list.toPlainText()).first(end).count(u'\n') + 1);
-}
-
-void EnergyFinder::select(const QTextCursor& line)
-{
-    const bool isSeen = list.viewport()->rect().contains(list.cursorRect(line));
-    list.setTextCursor(line);
-    if (!isSeen)
-        list.centerCursor();
 }
 
 void EnergyFinder::say(const QString& text)

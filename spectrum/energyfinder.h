@@ -32,7 +32,6 @@ private:
     void giveUp();
     void find(qsizetype fromLine);
     void findNext();
-    void select(const QTextCursor& line);
     void say(const QString& text);
     void scrollIntoView();
 

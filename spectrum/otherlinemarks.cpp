@@ -3,6 +3,7 @@
 
 #include "spectrum/otherlinemarks.h"
 
+#include "spectrum/pointlistlines.h"
 #include "spectrum/pointtext.h"
 #include "widgets/readablecolour.h"
 
@@ -19,22 +20,13 @@ struct Stretch
     int end = 0;
 };
 
-/// The text of a block as the plain text of its document has it. The document can break a line
-/// without beginning a block.
-QString plainText(const QTextBlock& block)
-{
-    QString text = block.text();
-    text.replace(QChar::LineSeparator, u'\n');
-    return text.replace(QChar::Nbsp, u' ');
-}
-
 /// Where the lines of these blocks are that are no points; neighbours are one stretch.
 QList<Stretch> otherLines(const QTextBlock& first, const QTextBlock& last)
 {
     QList<Stretch> stretches;
     bool continued = false;
     for (QTextBlock block = first; block.isValid(); block = block.next()) {
-        const QString text = plainText(block);
+        const QString text = PointListLines::plainText(block);
         PointText::forEachLine(text, [&](const PointText::Line& line) {
             const int begin = block.position() + static_cast<int>(line.position);
             const int end = begin + static_cast<int>(line.length);

@@ -3,6 +3,8 @@
 
 #include "spectrum/pointlistedit.h"
 
+#include "spectrum/pointlistlines.h"
+
 #include <QMimeData>
 #include <QTextCursor>
 
@@ -10,12 +12,8 @@
 
 QMimeData* PointListEdit::createMimeDataFromSelection() const
 {
-    QString text = textCursor().selectedText();
-    text.replace(QChar::ParagraphSeparator, u'\n');
-    text.replace(QChar::LineSeparator, u'\n');
-    text.replace(QChar::Nbsp, u' ');
     auto selection = std::make_unique<QMimeData>();
-    selection->setText(text);
+    selection->setText(PointListLines::plainText(textCursor().selectedText()));
     return selection.release();
 }
 

@@ -4,6 +4,7 @@
 #include "spectrum/pointlistlink.h"
 
 #include "spectrum/plotframe.h"
+#include "spectrum/pointlistlines.h"
 #include "spectrum/pointtext.h"
 #include "spectrum/spectrumchart.h"
 #include "spectrum/spectrumchartview.h"
@@ -83,7 +84,7 @@ void PointListLink::markCurrentLine()
     if (!isTouched || line.length() > longest)
         view.setMark({});
     else
-        view.setMark(PointText::pointOf(line.text()));
+        view.setMark(PointText::pointOf(PointListLines::plainText(line)));
 }
 
 void PointListLink::selectNearest(QPointF position)
@@ -94,14 +95,6 @@ void PointListLink::selectNearest(QPointF position)
     // The list may hold newer points than the chart; what is selected has to be in the list.
     const auto nearest =
         nearestLine(list.toPlainText(), chart->frame(), chart->showsSticks(), position);
-    if (!nearest)
-        return;
-    QTextCursor cursor = list.textCursor();
-    cursor.setPosition(static_cast<int>(nearest->position + nearest->length));
-    cursor.setPosition(static_cast<int>(nearest->position), QTextCursor::KeepAnchor);
-    const bool wasSeen = list.viewport()->rect().contains(list.cursorRect(cursor));
-    list.setTextCursor(cursor);
-    if (!wasSeen) // not just inside of the list's edge, which may itself be scrolled out of the
-                  // form
-        list.centerCursor();
+    if (nearest)
+        PointListLines::select(list, *nearest);
 }

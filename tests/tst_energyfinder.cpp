@@ -207,6 +207,8 @@ private Q_SLOTS:
         QVERIFY(!told->text(QAccessible::Description).isEmpty());
         QTest::keyClicks(field(), u"9"_s);
         QCOMPARE(told->text(QAccessible::Description), u"10 eV in line 1"_s);
+        type(u"20 1"_s); // what was found is no longer true
+        QVERIFY(!told->text(QAccessible::Description).contains("line 1"_L1));
     }
 
     void hasRoomInSmallWindows_data()

@@ -209,6 +209,13 @@ private Q_SLOTS:
         QVERIFY(isMarked(*window, {9, 5}));
     }
 
+    void lineWithNoBreakSpaceIsMarked()
+    {
+        setPoints(*window, u"9 5\n9.5\u00a030\n10 60"_s);
+        click(*window, pixel(*window, {9.5, 30}));
+        QVERIFY(isMarked(*window, {9.5, 30}));
+    }
+
     void markOutsideOfAZoomIsNotSeen()
     {
         click(*window, pixel(*window, {9.5, 100}) + QPoint(0, 1));
