@@ -59,15 +59,10 @@ QSize SpectrumChartView::minimumSizeHint() const
     return textRoom->second.expandedTo({0, minimumHeight()});
 }
 
-QSize SpectrumChartView::sizeHint() const
-{
-    return minimumSizeHint();
-}
-
 void SpectrumChartView::mousePressEvent(QMouseEvent* event)
 {
     fitChart();
-    // Qt Charts 6.4 takes an item under every press for granted and crashes beside the chart.
+    // Qt Charts 6.4 crashes when no item lies under a press: beside the chart.
     if (itemAt(event->position().toPoint()) == nullptr) {
         event->ignore();
         return;

@@ -39,7 +39,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
     /// The smallest size, too: the chart takes what others leave.
-    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
 
     /// Fits the chart to the view now. A view that is about to be seen for the first time is then
     /// painted once, and not once more for the fitting.
