@@ -105,7 +105,8 @@ QString rememberedFolder()
 
 void rememberFolder(const QString& folder)
 {
-    settings().setValue(u"lastOpenFolder"_s, folder);
+    QSettings stored = settings();
+    stored.setValue(u"lastOpenFolder"_s, folder);
 }
 
 QJsonObject datasetTitled(const QString& title)

@@ -23,12 +23,13 @@ QMap<QByteArray, QByteArray> attributesOf(const QByteArray& path)
 {
     QMap<QByteArray, QByteArray> attributes;
     QByteArray names(65536, '\0');
-    const ssize_t size = listxattr(path.constData(), names.data(), names.size());
+    const ssize_t size =
+        listxattr(path.constData(), names.data(), static_cast<size_t>(names.size()));
     const QByteArrayList list = names.left(std::max<ssize_t>(size - 1, 0)).split('\0');
     for (const QByteArray& name : list) {
         QByteArray value(65536, '\0');
-        const ssize_t length =
-            getxattr(path.constData(), name.constData(), value.data(), value.size());
+        const ssize_t length = getxattr(path.constData(), name.constData(), value.data(),
+                                        static_cast<size_t>(value.size()));
         if (length >= 0)
             attributes.insert(name, value.left(length));
     }
@@ -106,8 +107,8 @@ bool setAccessList(const QString& path, uint user, uint userRights, uint groupRi
                                         {0x20, 0, nobody}}};
     QByteArray list("\x02\0\0\0", 4);
     list.append(reinterpret_cast<const char*>(entries.data()), sizeof(entries));
-    return setxattr(QFile::encodeName(path).constData(), attribute, list.constData(), list.size(),
-                    0) == 0;
+    return setxattr(QFile::encodeName(path).constData(), attribute, list.constData(),
+                    static_cast<size_t>(list.size()), 0) == 0;
 }
 
 bool mountMemory(const QString& folder, const char* options)
