@@ -33,9 +33,13 @@ bool FormDock::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == dock && event->type() == QEvent::Close) {
         // Later: the desktop's window of the dock is still needed to close it. The close is not
-        // refused, because that would stop a desktop that ends all programs.
+        // refused, because that would stop a desktop that ends all programs. The dock itself never
+        // hears of it: since Qt 6.8 it would refuse.
         QMetaObject::invokeMethod(this, &FormDock::dockAgain, Qt::QueuedConnection);
-    } else if (watched == dock && event->type() == QEvent::Resize) {
+        event->accept();
+        return true;
+    }
+    if (watched == dock && event->type() == QEvent::Resize) {
         noteWidth();
     } else if (watched == window && event->type() == QEvent::Resize) {
         fitWidth();

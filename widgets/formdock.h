@@ -9,10 +9,9 @@ class QDockWidget;
 class QMainWindow;
 
 /// Keeps the dock with the species form, whose light background it gives black text, in its window.
-/// A floating dock that is closed (by a key of
-/// the desktop, or by a button that the desktop draws) goes back into the window instead of
-/// vanishing. A docked one takes a third of a small window and no more of a large one than it has
-/// at first, until the user moves its edge.
+/// A floating dock that is closed (by a key of the desktop, or by a button that the desktop draws)
+/// goes back into the window instead of vanishing. A docked one takes a third of a small window and
+/// no more of a large one than it has at first, until the user moves its edge.
 class FormDock : public QObject
 {
     Q_OBJECT
