@@ -35,8 +35,8 @@ private Q_SLOTS:
     void initTestCase()
     {
         usualFont = QApplication::font();
-        if (!QFontInfo(QFontDatabase::systemFont(QFontDatabase::FixedFont)).fixedPitch())
-            QSKIP("no font of fixed width is installed");
+        QVERIFY2(QFontInfo(QFontDatabase::systemFont(QFontDatabase::FixedFont)).fixedPitch(),
+                 "no font of fixed width is installed");
     }
 
     void cleanup() override

@@ -159,11 +159,7 @@ void RoomCheck::checkCaption(const QLabel& label)
     const QRect room = label.contentsRect();
     const int wrap = label.wordWrap() ? Qt::TextWordWrap : 0;
     const QRect endless(0, 0, wrap == 0 ? 0 : room.width(), QWIDGETSIZE_MAX);
-    const QFontMetrics metrics = label.fontMetrics();
-    QSize needed = metrics.boundingRect(endless, wrap, label.text()).size();
-    // Rounded up, a line may be a pixel higher than its letters are.
-    if (needed.height() < 2 * metrics.height())
-        needed.setHeight(metrics.height());
+    const QSize needed = label.fontMetrics().boundingRect(endless, wrap, label.text()).size();
     if (!label.text().isEmpty() && needed.expandedTo(room.size()) != room.size())
         report(label, described(room.size()) + u", needs "_s + described(needed));
 }
