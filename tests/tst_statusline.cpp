@@ -9,6 +9,7 @@
 
 #include <QAccessible>
 #include <QDir>
+#include <QLabel>
 #include <QMainWindow>
 #include <QStatusBar>
 #include <QTest>
@@ -140,7 +141,10 @@ private Q_SLOTS:
         QVERIFY(TestSupport::showActive(empty));
         sayEverything(QString(4000, u's'), u"/"_s + QString(200, u'p') + u"/a.json"_s);
         QCoreApplication::processEvents();
-        QCOMPARE(window->minimumSizeHint(), empty.minimumSizeHint());
+        QCOMPARE(window->minimumSizeHint().width(), empty.minimumSizeHint().width());
+        // Rounding can make a painted line a pixel higher than an empty bar is.
+        empty.statusBar()->addPermanentWidget(new QLabel(u"X"_s));
+        QCOMPARE(window->minimumSizeHint().height(), empty.minimumSizeHint().height());
         window->resize(window->minimumSizeHint());
         QCoreApplication::processEvents();
         for (const char* name : allLabels)

@@ -8,6 +8,8 @@
 #include <QEvent>
 #include <QtMath>
 
+using namespace Qt::StringLiterals;
+
 ElidedLabel::ElidedLabel(QWidget* parent)
     : QLabel(parent)
 {
@@ -35,7 +37,13 @@ void ElidedLabel::setWholeText(const QString& text, const QString& more)
 QSize ElidedLabel::sizeHint() const
 {
     const int width = qCeil(QFontMetricsF(font()).horizontalAdvance(whole));
-    return QSize(width + 1, fontMetrics().height()).grownBy(contentsMargins());
+    return QSize(width + 1, lineHeight(fontMetrics())).grownBy(contentsMargins());
+}
+
+int ElidedLabel::lineHeight(const QFontMetrics& metrics)
+{
+    const QRect endless(0, 0, QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    return metrics.boundingRect(endless, 0, u"X"_s).height();
 }
 
 QSize ElidedLabel::minimumSizeHint() const

@@ -21,6 +21,9 @@ public:
     /// The text whether or not there is room for it.
     [[nodiscard]] QString wholeText() const { return whole; }
 
+    /// Of a line as it is painted, which rounding can make a pixel higher than the font says.
+    [[nodiscard]] static int lineHeight(const QFontMetrics& metrics);
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -24,7 +24,7 @@ QSize StatusLine::sizeHint() const
 
 QSize StatusLine::minimumSizeHint() const
 {
-    return {0, fontMetrics().height()};
+    return {0, ElidedLabel::lineHeight(fontMetrics())};
 }
 
 QList<int> StatusLine::fairShares(const QList<int>& wanted, int room)
