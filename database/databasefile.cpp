@@ -3,6 +3,7 @@
 
 #include "database/databasefile.h"
 
+#include "database/speciestext.h"
 #include "species/speciesfile.h"
 #include "support/jsonfile.h"
 #include "support/wholefile.h"
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -19,15 +21,6 @@ namespace {
 QString entryKey(qsizetype index)
 {
     return u"Entry%1"_s.arg(index + 1);
-}
-
-QList<qsizetype> indicesInOrderOfKeys(qsizetype count)
-{
-    QList<qsizetype> indices(count);
-    std::iota(indices.begin(), indices.end(), 0);
-    std::sort(indices.begin(), indices.end(),
-              [](qsizetype a, qsizetype b) { return entryKey(a) < entryKey(b); });
-    return indices;
 }
 
 /// What QJsonDocument writes between the outermost braces, and the braces with their line feeds.
@@ -51,58 +44,101 @@ QJsonObject headerMembers(const DatabaseFile::Header& header)
     };
 }
 
-/// Says in @p problem why there is nothing.
-std::optional<QJsonObject> readSource(const QString& path, DatabaseFile::Outcome& problem)
+/// Why a file is of no use; written when it is not so.
+DatabaseFile::Outcome outcomeOf(const DatabaseFile::Source& source)
 {
-    const JsonFile::ReadResult file = JsonFile::read(path);
-    if (SpeciesFile::isSpeciesFile(file.object))
-        return file.object;
-    problem = file.opened ? DatabaseFile::Outcome::SourceIsNoSpecies
-                          : DatabaseFile::Outcome::SourceNotOpened;
-    return {};
+    if (source.member)
+        return DatabaseFile::Outcome::Written;
+    return source.opened ? DatabaseFile::Outcome::SourceIsNoSpecies
+                         : DatabaseFile::Outcome::SourceNotOpened;
+}
+
+/// Whether all could be used.
+bool addAll(const QStringList& sources, QJsonDocument::JsonFormat format,
+            DatabaseFile::Assembly& database)
+{
+    const QList<qsizetype> order = DatabaseFile::orderInFile(sources.size());
+    for (const qsizetype index : order) {
+        const DatabaseFile::Source source =
+            DatabaseFile::readSource(sources.at(index), index, format);
+        if (!source.member)
+            return false;
+        database.add(*source.member);
+    }
+    database.finish();
+    return true;
 }
 
 } // namespace
 
 namespace DatabaseFile {
 
-bool assemble(const Header& header, qsizetype count, const EntryAt& entryAt,
-              QJsonDocument::JsonFormat format, const Sink& sink)
+QList<qsizetype> orderInFile(qsizetype count)
 {
-    const bool compact = format == QJsonDocument::Compact;
-    sink(compact ? "{" : "{\n");
-    const QList<qsizetype> indices = indicesInOrderOfKeys(count);
-    for (const qsizetype index : indices) {
-        std::optional<QJsonObject> entry = entryAt(index);
-        if (!entry)
-            return false;
-        entry->remove(JsonFile::typeKey);
-        sink(membersText({{entryKey(index), *entry}}, format) + (compact ? "," : ",\n"));
-    }
-    sink(membersText(headerMembers(header), format) + (compact ? "}" : "\n}\n"));
-    return true;
+    QList<qsizetype> indices(count);
+    std::iota(indices.begin(), indices.end(), 0);
+    std::sort(indices.begin(), indices.end(),
+              [](qsizetype a, qsizetype b) { return entryKey(a) < entryKey(b); });
+    return indices;
+}
+
+QByteArray memberText(qsizetype index, const QJsonObject& file, QJsonDocument::JsonFormat format)
+{
+    QJsonObject entry = file;
+    entry.remove(JsonFile::typeKey);
+    return membersText({{entryKey(index), entry}}, format);
+}
+
+Source readSource(const QString& path, qsizetype index, QJsonDocument::JsonFormat format)
+{
+    const std::optional<QByteArray> bytes = JsonFile::bytesOf(path);
+    if (!bytes)
+        return {};
+    if (auto member = SpeciesText::asMember(*bytes, entryKey(index), format))
+        return {true, std::move(member)};
+    const QJsonObject file = QJsonDocument::fromJson(*bytes).object();
+    if (!SpeciesFile::isSpeciesFile(file))
+        return {true, {}};
+    return {true, memberText(index, file, format)};
+}
+
+Assembly::Assembly(const Header& head, QJsonDocument::JsonFormat textFormat, Sink pieceSink)
+    : header(head)
+    , format(textFormat)
+    , sink(std::move(pieceSink))
+{
+    sink(format == QJsonDocument::Compact ? "{" : "{\n");
+}
+
+void Assembly::add(const QByteArray& member)
+{
+    sink(member);
+    sink(format == QJsonDocument::Compact ? "," : ",\n");
+}
+
+void Assembly::finish()
+{
+    sink(membersText(headerMembers(header), format) +
+         (format == QJsonDocument::Compact ? "}" : "\n}\n"));
 }
 
 Result write(const QString& target, const Header& header, const QStringList& sources,
              QJsonDocument::JsonFormat format)
 {
-    Outcome problem = Outcome::Written;
-    WholeFile database(target);
-    const bool assembled = assemble(
-        header, sources.size(),
-        [&](qsizetype index) { return readSource(sources.at(index), problem); }, format,
-        [&database](const QByteArray& piece) { database.write(piece); });
-    if (assembled) {
-        const SaveResult saved = database.commit();
+    WholeFile file(target);
+    Assembly database(header, format, [&file](const QByteArray& piece) { file.write(piece); });
+    if (addAll(sources, format, database)) {
+        const SaveResult saved = file.commit();
         const bool opened = saved != SaveResult::NotOpened;
         return {opened ? Outcome::Written : Outcome::TargetNotOpened, {}, saved};
     }
     // They are compiled in another order than that of the list, which is the person's.
-    for (const QString& source : sources) {
-        if (!readSource(source, problem))
-            return {problem, source};
+    for (qsizetype i = 0; i < sources.size(); ++i) {
+        const Outcome outcome = outcomeOf(readSource(sources.at(i), i, format));
+        if (outcome != Outcome::Written)
+            return {outcome, sources.at(i)};
     }
-    return {problem, sources.constFirst()}; // mended by somebody in between
+    return {Outcome::SourceIsNoSpecies, sources.constFirst()}; // mended by somebody in between
 }
 
 } // namespace DatabaseFile

@@ -9,6 +9,7 @@
 #include <QDate>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -27,19 +28,45 @@ struct Header
     QDate date; ///< Day of writing.
 };
 
-/// The species file at an index from 0, or nothing when it cannot be used. Asked once for each
-/// index, in the order of the entries in the file: their keys are sorted as text, "Entry10" before
-/// "Entry2".
-using EntryAt = std::function<std::optional<QJsonObject>(qsizetype index)>;
-
 /// Takes the text of the database piece by piece.
 using Sink = std::function<void(const QByteArray& piece)>;
 
-/// Hands the database of @p count species files on to @p sink, with no more than one of them in
-/// memory. Together the pieces are the text that QJsonDocument would write. Stops and returns false
-/// at the first file that cannot be used.
-[[nodiscard]] bool assemble(const Header& header, qsizetype count, const EntryAt& entryAt,
-                            QJsonDocument::JsonFormat format, const Sink& sink);
+/// The indices from 0 of @p count entries, in the order in which they stand in the file: their keys
+/// are sorted as text, "Entry10" before "Entry2".
+[[nodiscard]] QList<qsizetype> orderInFile(qsizetype count);
+
+/// The text of the member that an entry is: its species file @p file under its key.
+[[nodiscard]] QByteArray memberText(qsizetype index, const QJsonObject& file,
+                                    QJsonDocument::JsonFormat format);
+
+/// One species file as it stands in the database.
+struct Source
+{
+    bool opened = false;
+    std::optional<QByteArray> member; ///< Its memberText(); empty when it is no species file.
+};
+
+/// Reads the species file at @p path, which becomes the entry at an index.
+[[nodiscard]] Source readSource(const QString& path, qsizetype index,
+                                QJsonDocument::JsonFormat format);
+
+/// Puts a database together, with no more than one entry in memory. Together the pieces that
+/// @p sink gets are the text that QJsonDocument would write.
+class Assembly
+{
+public:
+    Assembly(const Header& header, QJsonDocument::JsonFormat format, Sink sink);
+
+    /// Adds a memberText(); they come in the order of orderInFile().
+    void add(const QByteArray& member);
+    /// Ends the text, once all entries have been added.
+    void finish();
+
+private:
+    Header header;
+    QJsonDocument::JsonFormat format;
+    Sink sink;
+};
 
 enum class Outcome {
     Written, ///< Also when a device failed while it was written to, which nobody is told.

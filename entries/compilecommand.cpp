@@ -9,10 +9,9 @@
 #include "entries/inputfiles.h"
 #include "entries/orderedwork.h"
 #include "entries/rules.h"
-#include "support/jsonfile.h"
 #include "support/wholefile.h"
 
-#include <optional>
+#include <QMap>
 
 using namespace Qt::StringLiterals;
 
@@ -54,33 +53,47 @@ bool areGood(const QStringList& paths, Console& console)
     return good;
 }
 
-/// The entry at that path; nothing when it is none, which is told in the words of the dialog.
-std::optional<QJsonObject> read(const QString& path, Console& console)
+/// Adds the entries to the database. Whether all could be used; those that could not are told in
+/// the words of the dialog, in their own order.
+bool addAll(const QStringList& paths, QJsonDocument::JsonFormat format,
+            DatabaseFile::Assembly& database, Console& console)
 {
-    const JsonFile::ReadResult file = JsonFile::read(path);
-    if (JsonFile::isOfType(file.object, "Species v1"_L1))
-        return file.object;
-    console.complain(
-        (file.opened ? u"Invalid species type in file: "_s : u"Could not open file: "_s) + path);
-    return {};
+    using DatabaseFile::Source;
+    const QList<qsizetype> order = DatabaseFile::orderInFile(paths.size());
+    QMap<qsizetype, QString> problems;
+    OrderedWork<Source>::run(
+        order.size(),
+        [&](qsizetype i) {
+            return DatabaseFile::readSource(paths.at(order.at(i)), order.at(i), format);
+        },
+        [&](qsizetype i, const Source& source) {
+            const qsizetype index = order.at(i);
+            if (!source.member) {
+                problems.insert(index, (source.opened ? u"Invalid species type in file: "_s
+                                                      : u"Could not open file: "_s) +
+                                           paths.at(index));
+            } else if (problems.isEmpty()) {
+                database.add(*source.member);
+            }
+            console.showProgress(i + 1, order.size());
+            return true;
+        });
+    for (const QString& problem : std::as_const(problems))
+        console.complain(problem);
+    return problems.isEmpty();
 }
 
 ExitCode compile(const QStringList& paths, const QString& target,
                  const DatabaseFile::Header& header, QJsonDocument::JsonFormat format,
                  Console& console)
 {
-    WholeFile database(target);
-    qsizetype done = 0;
-    const bool assembled = DatabaseFile::assemble(
-        header, paths.size(),
-        [&](qsizetype i) {
-            console.showProgress(++done, paths.size());
-            return read(paths.at(i), console);
-        },
-        format, [&database](const QByteArray& piece) { database.write(piece); });
-    if (!assembled)
+    WholeFile file(target);
+    DatabaseFile::Assembly database(header, format,
+                                    [&file](const QByteArray& piece) { file.write(piece); });
+    if (!addAll(paths, format, database, console))
         return ExitCode::Failed;
-    if (database.commit() == WholeFile::Result::Written)
+    database.finish();
+    if (file.commit() == WholeFile::Result::Written)
         return ExitCode::Good;
     console.complain(u"%1 cannot be written."_s.arg(target));
     return ExitCode::Failed;

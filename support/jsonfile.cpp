@@ -15,17 +15,21 @@ constexpr qint64 mostBytes = qint64{1} << 30;
 
 namespace JsonFile {
 
-ReadResult read(const QString& path)
+std::optional<QByteArray> bytesOf(const QString& path)
 {
-    ReadResult result;
     QFile file(path);
     // Opening a pipe would wait for its other end, and a device may never end.
-    result.opened = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
-    if (!result.opened || file.size() > mostBytes)
-        return result;
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    return file.size() > mostBytes ? QByteArray() : file.readAll();
+}
 
-    result.object = QJsonDocument::fromJson(file.readAll()).object();
-    return result;
+ReadResult read(const QString& path)
+{
+    const std::optional<QByteArray> bytes = bytesOf(path);
+    if (!bytes)
+        return {};
+    return {true, QJsonDocument::fromJson(*bytes).object()};
 }
 
 WriteResult write(const QString& path, const QJsonObject& object, QJsonDocument::JsonFormat format)

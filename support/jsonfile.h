@@ -5,11 +5,18 @@
 
 #include "support/wholefile.h"
 
+#include <QByteArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <optional>
+
 /// Whole JSON files: read at once, written whole or not at all.
 namespace JsonFile {
+
+/// What stands in the regular file at @p path; nothing when it cannot be opened for reading. A file
+/// that is larger than any entry is taken for an empty one.
+[[nodiscard]] std::optional<QByteArray> bytesOf(const QString& path);
 
 struct ReadResult
 {

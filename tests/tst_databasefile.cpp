@@ -9,8 +9,6 @@
 #include <QJsonDocument>
 #include <QTest>
 
-#include <optional>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,10 +28,12 @@ QByteArray textOf(const DatabaseFile::Header& head, const QList<QJsonObject>& fi
                   QJsonDocument::JsonFormat format)
 {
     QByteArray text;
-    const bool complete = DatabaseFile::assemble(
-        head, files.size(), [&files](qsizetype index) { return files.at(index); }, format,
-        [&text](const QByteArray& piece) { text += piece; });
-    return complete ? text : QByteArray();
+    DatabaseFile::Assembly database(head, format,
+                                    [&text](const QByteArray& piece) { text += piece; });
+    for (const qsizetype index : DatabaseFile::orderInFile(files.size()))
+        database.add(DatabaseFile::memberText(index, files.at(index), format));
+    database.finish();
+    return text;
 }
 
 QJsonObject assembled(const DatabaseFile::Header& head, const QList<QJsonObject>& files)
@@ -125,28 +125,11 @@ private Q_SLOTS:
                             "\"Note\":\"<i>kept</i>\",\"Species\":{\"Mass\":18}}"));
     }
 
-    void eachFileIsAskedForOnceInTheOrderOfTheKeys()
+    void entriesStandInTheOrderOfTheirKeys()
     {
-        QList<qsizetype> asked;
-        const auto note = [&asked](qsizetype index) {
-            asked.append(index);
-            return QJsonObject();
-        };
-        QVERIFY(DatabaseFile::assemble(header(), 11, note, QJsonDocument::Compact,
-                                       [](const QByteArray& /*piece*/) {}));
-        QCOMPARE(asked, QList<qsizetype>({0, 9, 10, 1, 2, 3, 4, 5, 6, 7, 8}));
-    }
-
-    void firstUnusableFileEndsTheWork()
-    {
-        int asked = 0;
-        const auto onlyTheFirst = [&asked](qsizetype index) -> std::optional<QJsonObject> {
-            ++asked;
-            return index == 0 ? std::optional(speciesFile(18)) : std::nullopt;
-        };
-        QVERIFY(!DatabaseFile::assemble(header(), 3, onlyTheFirst, QJsonDocument::Compact,
-                                        [](const QByteArray& /*piece*/) {}));
-        QCOMPARE(asked, 2);
+        QCOMPARE(DatabaseFile::orderInFile(11),
+                 QList<qsizetype>({0, 9, 10, 1, 2, 3, 4, 5, 6, 7, 8}));
+        QCOMPARE(DatabaseFile::orderInFile(0), QList<qsizetype>());
     }
 
     void piecesMakeUpTheTextOfTheToolkit_data()

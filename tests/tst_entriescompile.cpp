@@ -126,6 +126,18 @@ private Q_SLOTS:
         QCOMPARE(QDir(sandbox->path()).entryList({u"db*"_s}).size(), 1);
     }
 
+    void everyUnusableFileIsNamedInTheOrderOfTheList()
+    {
+        sandbox->write(u"bad.json"_s, "{");
+        const ProgramRun run = entries({u"compile"_s, u"--output=db.json"_s, u"d/e1.json"_s,
+                                        u"none.json"_s, u"d"_s, u"bad.json"_s});
+        QCOMPARE(run.errors,
+                 QByteArray("korvela-entries: Could not open file: none.json\n"
+                            "korvela-entries: Invalid species type in file: bad.json\n"));
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY(!QFile::exists(sandbox->path(u"db.json"_s)));
+    }
+
     void checkRefusesEntriesWithErrors()
     {
         sandbox->write(u"bad.json"_s, entry(1).replace("58-08-2", "58-08-3"));
