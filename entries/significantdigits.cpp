@@ -17,9 +17,14 @@ bool SignificantDigits::areAtMostSix(double value)
     const double magnitude = std::abs(value);
     if (magnitude == 0)
         return true;
-    const int decimals = digits - 1 - int(std::floor(std::log10(magnitude)));
-    // Within these bounds the division is rounded as reading the decimals is.
-    if (decimals >= 0 && decimals < int(powers.size())) {
+    // As many decimals as six digits leave, or one more: logarithms would take most of the time.
+    constexpr double log10Of2 = 0.30102999566398120;
+    int decimals = digits - 1 - int(std::floor(std::ilogb(magnitude) * log10Of2));
+    const auto isWithinBounds = [&] { return decimals >= 0 && decimals < int(powers.size()); };
+    if (isWithinBounds() && magnitude * powers.at(size_t(decimals)) >= powers.at(digits))
+        --decimals;
+    if (isWithinBounds()) {
+        // The division is rounded as reading the decimals is.
         const double power = powers.at(size_t(decimals));
         return std::round(magnitude * power) / power == magnitude;
     }
