@@ -5,9 +5,12 @@
 
 #include "entries/checkreport.h"
 #include "entries/commandline.h"
+#include "entries/filepieces.h"
 #include "entries/inputfiles.h"
 #include "entries/orderedwork.h"
 #include "entries/rules.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -54,11 +57,11 @@ Rules::Selection selectionOf(const CommandLine& line)
     return selection;
 }
 
-/// What is left of a file when it has been judged.
+/// What is left of a file, or of a piece of it, when it has been judged.
 struct Judged
 {
     bool opened = false;
-    QList<Finding> findings;
+    Rules::Judgement judgement;
     FileSummary summary;
 };
 
@@ -68,6 +71,7 @@ public:
     Check(Console& output, const Rules::Selection& rules, bool asJson)
         : console(output)
         , selection(rules)
+        , told(rules)
         , json(asJson)
     {
         if (json)
@@ -77,21 +81,19 @@ public:
     /// Whether all files could be read.
     [[nodiscard]] bool run(const QStringList& paths)
     {
-        const auto judge = [this, &paths](qsizetype i) {
-            const EntryFile file = EntryFiles::read(paths.at(i));
+        const FilePieces pieces(paths, console.progressOfBytes());
+        const auto judge = [this, &pieces](qsizetype i) {
+            const EntryFile file = pieces.read(i);
             return Judged{file.opened, Rules::judge(file, selection), FileSummary::of(file)};
         };
-        OrderedWork<Judged>::run(paths.size(), judge, [this, &paths](qsizetype i, Judged& judged) {
-            allOpened &= judged.opened;
-            print(judged.findings);
-            report.addFile(judged.findings);
-            summaries.append(std::move(judged.summary));
-            console.showProgress(i + 1, paths.size());
+        OrderedWork<Judged>::run(pieces.count(), judge, [this, &pieces](qsizetype i, Judged& done) {
+            take(done);
+            if (pieces.isLastOfFile(i))
+                endFile(pieces.pathOf(i));
+            console.showProgress(i + 1, pieces.count());
             return true;
         });
-        const QList<Finding> between = Rules::compare(summaries, selection);
-        print(between);
-        report.add(between);
+        tell(Rules::compare(summaries, selection));
         if (json)
             console.print(report.toJson());
         else
@@ -102,8 +104,24 @@ public:
     [[nodiscard]] bool hasErrors() const { return report.errorCount() > 0; }
 
 private:
-    void print(const QList<Finding>& findings)
+    void take(Judged& done)
     {
+        allOpened &= done.opened;
+        tell(told.admit(done.judgement));
+        summary.species += done.summary.species;
+    }
+
+    void endFile(const QString& path)
+    {
+        tell(told.endFile(path));
+        report.countFile();
+        summary.path = path;
+        summaries.append(std::exchange(summary, {}));
+    }
+
+    void tell(const QList<Finding>& findings)
+    {
+        report.add(findings);
         for (const Finding& finding : findings) {
             if (!json)
                 console.print(CheckReport::line(finding, console.hasColours()));
@@ -112,9 +130,11 @@ private:
 
     Console& console;
     const Rules::Selection& selection;
+    Rules::ToldOfFile told;
     bool json;
     bool allOpened = true;
     CheckReport report;
+    FileSummary summary; ///< Of the file that is being judged.
     QList<FileSummary> summaries;
 };
 

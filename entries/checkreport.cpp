@@ -38,12 +38,6 @@ QString inOneLine(const QString& text)
 
 } // namespace
 
-void CheckReport::addFile(const QList<Finding>& findings)
-{
-    ++files;
-    add(findings);
-}
-
 void CheckReport::add(const QList<Finding>& findings)
 {
     for (const Finding& finding : findings) {

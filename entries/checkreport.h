@@ -12,9 +12,8 @@
 class CheckReport
 {
 public:
-    /// Counts one file and what was found in it.
-    void addFile(const QList<Finding>& findings);
-    /// Counts what was found between files.
+    void countFile() { ++files; }
+    /// Counts what was found, in a file or between files.
     void add(const QList<Finding>& findings);
     /// Keeps the findings for toJson(); otherwise they are only counted.
     void keepFindings() { keeping = true; }

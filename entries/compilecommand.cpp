@@ -37,16 +37,22 @@ void addOptions(CommandLine& line)
 bool areGood(const QStringList& paths, Console& console)
 {
     bool good = true;
-    OrderedWork<QList<Finding>>::run(
+    const Rules::Selection selection;
+    Rules::ToldOfFile told(selection);
+    const auto tell = [&](const QList<Finding>& findings) {
+        for (const Finding& finding : findings) {
+            if (finding.severity != Severity::Error)
+                continue;
+            good = false;
+            console.print(CheckReport::line(finding, console.hasColours()));
+        }
+    };
+    OrderedWork<Rules::Judgement>::run(
         paths.size(),
-        [&paths](qsizetype i) { return Rules::judge(EntryFiles::read(paths.at(i)), {}); },
-        [&](qsizetype i, QList<Finding>& findings) {
-            for (const Finding& finding : std::as_const(findings)) {
-                if (finding.severity != Severity::Error)
-                    continue;
-                good = false;
-                console.print(CheckReport::line(finding, console.hasColours()));
-            }
+        [&](qsizetype i) { return Rules::judge(EntryFiles::read(paths.at(i)), selection); },
+        [&](qsizetype i, const Rules::Judgement& judgement) {
+            tell(told.admit(judgement));
+            tell(told.endFile(paths.at(i)));
             console.showProgress(i + 1, paths.size());
             return true;
         });

@@ -72,7 +72,7 @@ void Console::complain(const QString& text)
     writeAll(stderr, QByteArray("korvela-entries: " + printable(text).toUtf8() + '\n'));
 }
 
-void Console::showProgress(qsizetype done, qsizetype all)
+void Console::showProgress(qsizetype done, qsizetype all, const QString& things)
 {
     constexpr qint64 patience = 1000;
     constexpr qint64 interval = 100;
@@ -80,9 +80,17 @@ void Console::showProgress(qsizetype done, qsizetype all)
         return;
     sinceProgress.restart();
     std::fflush(stdout);
-    writeAll(stderr, u"\r%1 of %2 files"_s.arg(done).arg(all).toUtf8());
+    writeAll(stderr, u"\r\x1b[K%1 of %2 %3"_s.arg(done).arg(all).arg(things).toUtf8());
     std::fflush(stderr);
     progressShown = true;
+}
+
+std::function<void(qint64, qint64)> Console::progressOfBytes()
+{
+    return [this](qint64 done, qint64 all) {
+        constexpr qint64 mebibyte = qint64{1} << 20;
+        showProgress(done / mebibyte, all / mebibyte, u"MiB"_s);
+    };
 }
 
 void Console::clearProgress()

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <cstdio>
+#include <functional>
 
 /// What scripts can rely on.
 enum class ExitCode {
@@ -29,7 +30,10 @@ public:
     void complain(const QString& text);
 
     /// Shows how far a long work is: on a terminal only, once it has taken a second.
-    void showProgress(qsizetype done, qsizetype all);
+    void showProgress(qsizetype done, qsizetype all,
+                      const QString& things = QStringLiteral("files"));
+    /// Shows the same of the reading of one large file.
+    [[nodiscard]] std::function<void(qint64 done, qint64 all)> progressOfBytes();
     void clearProgress();
 
     /// Whether colours are welcome on the standard output.

@@ -12,6 +12,8 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -74,17 +76,10 @@ PlacedEntry entryAt(const QString& place, const QJsonObject& object)
 
 QList<PlacedEntry> entriesOfDatabase(const QJsonObject& object)
 {
-    static const QRegularExpression entryKey(u"^Entry[1-9][0-9]*$"_s);
-    QStringList keys = object.keys();
-    keys.removeIf([](const QString& key) { return !entryKey.match(key).hasMatch(); });
-    std::stable_sort(keys.begin(), keys.end(), [](const QString& a, const QString& b) {
-        return EntryFiles::numberOf(a) < EntryFiles::numberOf(b);
-    });
+    const QStringList keys = EntryFiles::entryKeys(object);
     QList<PlacedEntry> entries;
-    for (const QString& key : std::as_const(keys)) {
-        if (object.value(key).isObject())
-            entries.append(entryAt(JsonPointer::member({}, key), object.value(key).toObject()));
-    }
+    for (const QString& key : keys)
+        entries.append(entryAt(JsonPointer::member({}, key), object.value(key).toObject()));
     return entries;
 }
 
@@ -103,6 +98,32 @@ QList<PlacedEntry> entriesOf(EntryFile::Kind kind, const QJsonObject& object)
     return {};
 }
 
+EntryFile unparsed(const QString& path, const QJsonParseError& error, qint64 offset)
+{
+    EntryFile file;
+    file.path = path;
+    file.opened = true;
+    file.parseError = u"%1 (at byte %2)"_s.arg(error.errorString()).arg(offset);
+    return file;
+}
+
+EntryFile parsed(const QString& path, const QByteArray& bytes,
+                 const std::function<qint64(qint64)>& placeInFile)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError)
+        return unparsed(path, error, placeInFile(error.offset));
+    EntryFile file;
+    file.path = path;
+    file.opened = true;
+    file.oddities = JsonScan::odditiesOf(bytes);
+    file.object = document.object();
+    file.kind = kindOf(file.object);
+    file.entries = entriesOf(file.kind, file.object);
+    return file;
+}
+
 } // namespace
 
 namespace EntryFiles {
@@ -117,6 +138,21 @@ int numberOf(const QString& key)
 {
     const auto digits = std::find_if(key.begin(), key.end(), [](QChar c) { return c.isDigit(); });
     return key.sliced(digits - key.begin()).toInt();
+}
+
+QStringList entryKeys(const QJsonObject& database)
+{
+    static const QRegularExpression entryKey(u"^Entry[1-9][0-9]*$"_s);
+    QList<std::pair<int, QString>> keys;
+    for (auto member = database.begin(); member != database.end(); ++member) {
+        if (member.value().isObject() && entryKey.match(member.key()).hasMatch())
+            keys.append({numberOf(member.key()), member.key()});
+    }
+    std::sort(keys.begin(), keys.end());
+    QStringList sorted;
+    for (const auto& [number, key] : std::as_const(keys))
+        sorted.append(key);
+    return sorted;
 }
 
 RecordedPoints pointsOf(const QJsonObject& record)
@@ -150,19 +186,39 @@ EntryFile read(const QString& path)
 
 EntryFile fromBytes(const QString& path, const QByteArray& bytes)
 {
+    return parsed(path, bytes, [](qint64 place) { return place; });
+}
+
+EntryFile fromFrame(const QString& path, const DatabaseScan& scan)
+{
+    EntryFile frame =
+        parsed(path, scan.frame, [&scan](qint64 place) { return scan.placeInText(place); });
+    for (const DatabaseScan::Entry& entry : scan.entries)
+        frame.separateEntries.insert(QString::fromLatin1(entry.key));
+    frame.entries.removeIf([&frame](const PlacedEntry& entry) {
+        return frame.separateEntries.contains(entry.place.sliced(1));
+    });
+    return frame;
+}
+
+EntryFile fromEntry(const QString& path, const QByteArray& key, const QByteArray& text,
+                    qint64 placeInFile)
+{
+    // In brackets, so that it is parsed as deep as it stands.
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson('[' + text + ']', &error);
+    if (error.error != QJsonParseError::NoError)
+        return unparsed(path, error, placeInFile + error.offset - 1);
     EntryFile file;
     file.path = path;
     file.opened = true;
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError) {
-        file.parseError = u"%1 (at byte %2)"_s.arg(error.errorString()).arg(error.offset);
-        return file;
-    }
-    file.oddities = JsonScan::odditiesOf(bytes);
-    file.object = document.object();
-    file.kind = kindOf(file.object);
-    file.entries = entriesOf(file.kind, file.object);
+    file.isEntryAlone = true;
+    file.kind = EntryFile::Kind::Database;
+    file.object.insert(QString::fromLatin1(key), document.array().at(0));
+    file.entries = entriesOfDatabase(file.object);
+    file.oddities = JsonScan::odditiesOf(text);
+    for (QString& place : file.oddities.repeatedMembers)
+        place.prepend(JsonPointer::member({}, QString::fromLatin1(key)));
     return file;
 }
 

@@ -3,11 +3,14 @@
 
 #pragma once
 
+#include "entries/databasescan.h"
 #include "entries/jsonscan.h"
 
 #include <QJsonObject>
 #include <QList>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
 /// The points of a spectrum record, in the order of the record.
 struct RecordedPoints
@@ -49,6 +52,12 @@ struct EntryFile
     Kind kind = Kind::Unknown;
     QJsonObject object;
     QList<PlacedEntry> entries; ///< In a spectrum file, one without species.
+
+    /// Of a large database the entries are read one by one. What is left of it, its frame, has
+    /// empty objects in the place of these; and each of them is all that there is in its piece.
+    QSet<QString> separateEntries;
+    bool isEntryAlone = false;
+    qsizetype firstEntry = 0; ///< How many entries of the database stand before those here.
 };
 
 namespace EntryFiles {
@@ -59,6 +68,9 @@ namespace EntryFiles {
 /// The number in a dataset's or entry's key; leading zeros do not count.
 [[nodiscard]] int numberOf(const QString& key);
 
+/// The keys of the entries of a database, by their numbers.
+[[nodiscard]] QStringList entryKeys(const QJsonObject& database);
+
 /// The points of a record in its new or older form. Where the record is not complete, the pairs of
 /// numbers that it does hold; none when its arrays differ in length, as in the editor.
 [[nodiscard]] RecordedPoints pointsOf(const QJsonObject& record);
@@ -68,5 +80,12 @@ namespace EntryFiles {
 
 /// The same from the bytes of a file.
 [[nodiscard]] EntryFile fromBytes(const QString& path, const QByteArray& bytes);
+
+/// The same from what is left of a database without the entries that are read one by one.
+[[nodiscard]] EntryFile fromFrame(const QString& path, const DatabaseScan& scan);
+
+/// The same from the text of one entry, which begins at a place in its file.
+[[nodiscard]] EntryFile fromEntry(const QString& path, const QByteArray& key,
+                                  const QByteArray& text, qint64 placeInFile);
 
 } // namespace EntryFiles

@@ -6,6 +6,7 @@
 #include "entries/commandline.h"
 #include "entries/exportformats.h"
 #include "entries/exportnames.h"
+#include "entries/filepieces.h"
 #include "entries/inputfiles.h"
 #include "entries/orderedwork.h"
 #include "support/wholefile.h"
@@ -67,9 +68,8 @@ QString problemOf(const EntryFile& file)
     return {};
 }
 
-Converted convert(const QString& path, const Format& format)
+Converted convert(const EntryFile& file, const Format& format)
 {
-    const EntryFile file = EntryFiles::read(path);
     Converted converted{problemOf(file), {}, {}};
     for (const PlacedEntry& entry : file.entries) {
         for (const PlacedSpectrum& spectrum : entry.spectra) {
@@ -105,13 +105,14 @@ public:
     {
         if (!open())
             return ExitCode::Failed;
+        const FilePieces pieces(paths, console.progressOfBytes());
         OrderedWork<Converted>::run(
-            paths.size(), [&](qsizetype i) { return convert(paths.at(i), format); },
+            pieces.count(), [&](qsizetype i) { return convert(pieces.read(i), format); },
             [&](qsizetype i, Converted& converted) {
-                tellProblems(paths.at(i), converted);
+                tellProblems(pieces.pathOf(i), converted);
                 for (const Converted::Dataset& dataset : std::as_const(converted.datasets))
                     store(dataset);
-                console.showProgress(i + 1, paths.size());
+                console.showProgress(i + 1, pieces.count());
                 return true;
             });
         if (single && single->commit() != WholeFile::Result::Written)

@@ -82,7 +82,7 @@ QList<ExportedDataset> ExportedDataset::of(const EntryFile& file)
         for (const PlacedSpectrum& spectrum : entry.spectra) {
             ExportedDataset dataset;
             dataset.file = QFileInfo(file.path).fileName();
-            dataset.entry = int(i) + 1;
+            dataset.entry = int(file.firstEntry + i) + 1;
             dataset.number = spectrum.number;
             dataset.spectrumType = typeName(spectrum.record.value("SpectType"_L1));
             dataset.isLineSpectrum = spectrum.record.value("LineSpectrum"_L1).toBool();

@@ -88,7 +88,7 @@ void appendEntry(QList<PlacedObject>& objects, const QString& place, const QJson
     }
 }
 
-void appendDatabase(QList<PlacedObject>& objects, const QJsonObject& database)
+void appendFrame(QList<PlacedObject>& objects, const QJsonObject& database)
 {
     objects.append(
         {{},
@@ -103,8 +103,15 @@ void appendDatabase(QList<PlacedObject>& objects, const QJsonObject& database)
                          {"Title"_L1, Kind::Text},
                          {"Date"_L1, Kind::Day}}});
     }
-    for (auto member = database.begin(); member != database.end(); ++member) {
-        if (isWrittenEntryKey(member.key()) && member.value().isObject()) {
+}
+
+void appendDatabase(QList<PlacedObject>& objects, const EntryFile& file)
+{
+    if (!file.isEntryAlone)
+        appendFrame(objects, file.object);
+    for (auto member = file.object.begin(); member != file.object.end(); ++member) {
+        if (isWrittenEntryKey(member.key()) && member.value().isObject() &&
+            !file.separateEntries.contains(member.key())) {
             appendEntry(objects, JsonPointer::member({}, member.key()), member.value().toObject(),
                         {{"Species"_L1, Kind::Object}});
         }
@@ -173,7 +180,7 @@ QList<PlacedObject> objectsOf(const EntryFile& file)
         objects.first().members.append({"Type"_L1, Kind::Text});
         break;
     case EntryFile::Kind::Database:
-        appendDatabase(objects, file.object);
+        appendDatabase(objects, file);
         break;
     case EntryFile::Kind::Unknown:
         break;

@@ -165,23 +165,49 @@ bool isRule(const QString& name)
                        [&name](const Rule& rule) { return name == QLatin1StringView(rule.name); });
 }
 
-QList<Finding> judge(const EntryFile& file, const Selection& selection)
+Judgement judge(const EntryFile& file, const Selection& selection)
 {
-    QList<Finding> findings;
+    Judgement judgement;
     for (const Rule& rule : all()) {
         if (rule.check == nullptr || !isAsked(rule, selection))
             continue;
         qsizetype count = 0;
         rule.check(file, [&](const QString& place, const QString& text) {
             if (++count <= mostOfOneRule)
-                findings.append(finding(rule, selection, file.path, place, text));
+                judgement.findings.append(finding(rule, selection, file.path, place, text));
         });
-        if (count > mostOfOneRule) {
-            findings.append(finding(
-                rule, selection, file.path, {},
-                u"There are %1 more of this rule in the file."_s.arg(count - mostOfOneRule)));
+        if (count > mostOfOneRule)
+            judgement.further.insert(QString::fromLatin1(rule.name), count - mostOfOneRule);
+    }
+    return judgement;
+}
+
+QList<Finding> ToldOfFile::admit(const Judgement& judgement)
+{
+    QList<Finding> admitted;
+    for (const Finding& finding : judgement.findings) {
+        if (++told[finding.rule] <= mostOfOneRule)
+            admitted.append(finding);
+        else
+            ++further[finding.rule];
+    }
+    for (auto rule = judgement.further.begin(); rule != judgement.further.end(); ++rule)
+        further[rule.key()] += *rule;
+    return admitted;
+}
+
+QList<Finding> ToldOfFile::endFile(const QString& file)
+{
+    QList<Finding> findings;
+    for (const Rule& rule : all()) {
+        const auto count = further.constFind(QString::fromLatin1(rule.name));
+        if (count != further.constEnd()) {
+            findings.append(finding(rule, selection, file, {},
+                                    u"There are %1 more of this rule in the file."_s.arg(*count)));
         }
     }
+    told.clear();
+    further.clear();
     return findings;
 }
 

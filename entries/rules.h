@@ -7,6 +7,8 @@
 #include "entries/filesummary.h"
 #include "entries/finding.h"
 
+#include <QList>
+#include <QMap>
 #include <QSet>
 
 /// The one table of everything that a curator would object to.
@@ -34,8 +36,33 @@ struct Selection
     bool strict = false;    ///< Warnings are errors.
 };
 
-/// What the rules find in one file, in the order of the table.
-[[nodiscard]] QList<Finding> judge(const EntryFile& file, const Selection& selection);
+/// What the rules find in one file, or in a piece of it, in the order of the table.
+struct Judgement
+{
+    QList<Finding> findings;
+    QMap<QString, qsizetype> further; ///< Of each rule, how many there are besides.
+};
+
+[[nodiscard]] Judgement judge(const EntryFile& file, const Selection& selection);
+
+/// Sees to it that of a file that is wrong all over not everything is told.
+class ToldOfFile
+{
+public:
+    explicit ToldOfFile(const Selection& rules)
+        : selection(rules)
+    {}
+
+    /// Those of the findings in a piece of the file that are told.
+    [[nodiscard]] QList<Finding> admit(const Judgement& judgement);
+    /// How many others there are; the next findings are those of another file.
+    [[nodiscard]] QList<Finding> endFile(const QString& file);
+
+private:
+    const Selection& selection;
+    QMap<QString, qsizetype> told;
+    QMap<QString, qsizetype> further;
+};
 
 /// What they find between files.
 [[nodiscard]] QList<Finding> compare(const QList<FileSummary>& files, const Selection& selection);

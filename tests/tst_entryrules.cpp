@@ -124,7 +124,11 @@ QString pictureText(const char* format)
 
 QList<Finding> findingsIn(const QByteArray& bytes, const Rules::Selection& selection = {})
 {
-    return Rules::judge(EntryFiles::fromBytes(u"f.json"_s, bytes), selection);
+    Rules::ToldOfFile told(selection);
+    const auto judgement = Rules::judge(EntryFiles::fromBytes(u"f.json"_s, bytes), selection);
+    QList<Finding> findings = told.admit(judgement);
+    findings += told.endFile(u"f.json"_s);
+    return findings;
 }
 
 QString ruleAndPlace(const Finding& finding)
@@ -240,12 +244,12 @@ private Q_SLOTS:
     void missingFileIsUnreadable()
     {
         const EntryFile file = EntryFiles::read(u"/nonexistent/a.json"_s);
-        QCOMPARE(listed(Rules::judge(file, {})), u"unreadable "_s);
+        QCOMPARE(listed(Rules::judge(file, {}).findings), u"unreadable "_s);
     }
 
     void folderIsUnreadable()
     {
-        QCOMPARE(listed(Rules::judge(EntryFiles::read(u"/"_s), {})), u"unreadable "_s);
+        QCOMPARE(listed(Rules::judge(EntryFiles::read(u"/"_s), {}).findings), u"unreadable "_s);
     }
 
     void ruleCanBeSwitchedOff()
