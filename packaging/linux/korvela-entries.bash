@@ -10,6 +10,12 @@ _korvela_entries() {
         mapfile -t COMPREPLY < <(compgen -W 'check compile export --help --version' -- "$word")
         return
     fi
+    # "--format=json" comes in three words.
+    if [[ $word == = ]]; then
+        word=
+    elif [[ $before == = ]]; then
+        before=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
     case $before in
         --format)
             words='text json'
@@ -18,6 +24,7 @@ _korvela_entries() {
         --disable)
             words=$("${COMP_WORDS[0]}" check --rules 2> /dev/null | awk '/^[a-z]/ { print $1 }')
             ;;
+        --database-version | --release | --title) return ;;
         *)
             [[ $word == -* ]] || return
             case ${COMP_WORDS[1]} in
