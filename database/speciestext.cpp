@@ -4,6 +4,7 @@
 #include "database/speciestext.h"
 
 #include "database/growingtext.h"
+#include "database/jsonnumber.h"
 #include "support/jsonfile.h"
 
 #include <QByteArrayView>
@@ -13,47 +14,9 @@
 
 namespace {
 
-bool isDigit(char c)
+bool isOfNumber(char c)
 {
-    return c >= '0' && c <= '9';
-}
-
-const char* behindDigits(const char* position, const char* end)
-{
-    while (position < end && isDigit(*position))
-        ++position;
-    return position;
-}
-
-/// Whether reading the number and writing it again gives the same characters. A number of up to
-/// fifteen digits is the shortest text for its value; the rest is about which form it has. Not all
-/// numbers of which that is true are known here.
-bool isAsWritten(const char* begin, const char* end)
-{
-    constexpr qsizetype safeDigits = 15;
-    constexpr qsizetype mostZeros = 2; // behind the point, or an exponent is shorter
-    const char* const first = *begin == '-' ? begin + 1 : begin;
-    const char* const point = behindDigits(first, end);
-    if (point == first || end - first > safeDigits || (*first == '0' && point - first > 1))
-        return false;
-    if (point == end)
-        return *first != '0' || first == begin; // no "-0"
-    if (*point != '.' || behindDigits(point + 1, end) != end || end[-1] == '0')
-        return false; // with an exponent, or with zeros that are not written
-    const char* const significant =
-        std::find_if(point + 1, end, [](char digit) { return digit != '0'; });
-    return significant != end && (*first != '0' || significant - point - 1 <= mostZeros);
-}
-
-/// What QJsonDocument makes of a number; nothing when it is none.
-QByteArray rewrittenNumber(QByteArrayView number)
-{
-    const QByteArray array = '[' + number.toByteArray() + ']';
-    const QJsonDocument document = QJsonDocument::fromJson(array);
-    if (!document.isArray())
-        return {};
-    const QByteArray written = document.toJson(QJsonDocument::Compact);
-    return written.sliced(1, written.size() - 2);
+    return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+' || c == 'e' || c == 'E';
 }
 
 /// Copies a document from one text into another, part by part. What takes something returns false
@@ -272,16 +235,15 @@ private:
     [[nodiscard]] bool takeNumber()
     {
         const char* const begin = position;
-        while (position < end &&
-               (isDigit(*position) || QByteArrayView("+-.eE").contains(*position)))
+        while (position < end && isOfNumber(*position))
             ++position;
         if (position == begin)
             return false;
-        if (isAsWritten(begin, position)) {
+        if (JsonNumber::isAsWritten(begin, position)) {
             output.append({begin, position});
             return true;
         }
-        const QByteArray number = rewrittenNumber({begin, position});
+        const QByteArray number = JsonNumber::rewritten({begin, position});
         output.append(number);
         return !number.isEmpty();
     }

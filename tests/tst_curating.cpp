@@ -41,7 +41,7 @@ private Q_SLOTS:
             {u"-c"_s, u"PATH=$1:$PATH; exec \"$2\" \"$3/curating.md\" \"$3\""_s, u"bash"_s,
              programs, QStringLiteral(KORVELA_WALK_SCRIPT), docs},
             sandbox.path());
-        QVERIFY2(run.exitCode == 0, run.output + run.errors);
+        QVERIFY2(run.exitCode == 0, QByteArray(run.output + run.errors).constData());
         QVERIFY2(run.output.endsWith(" commands do what curating.md says\n"),
                  run.output.constData());
     }
