@@ -4,6 +4,8 @@
 #include "support/cleanedhtml.h"
 
 #include "support/htmlreadertext.h"
+#include "support/standinpicture.h"
+#include "support/writtencharacter.h"
 
 #include <QStringList>
 #include <QTextBlock>
@@ -40,15 +42,20 @@ QString fromRun(const QString& text, QTextCharFormat::VerticalAlignment alignmen
 }
 
 /// The runs of one format in a paragraph. Marks for which a picture stands belong to the run that
-/// they interrupt.
+/// they interrupt; so does the rest of a text, but with the markup of its own.
 class Runs
 {
 public:
     void take(const QTextFragment& fragment)
     {
         const QTextCharFormat fragmentFormat = fragment.charFormat();
-        const QString marks =
-            HtmlReaderText::marksOfPicture(fragmentFormat.stringProperty(QTextFormat::ImageName));
+        const QString picture = fragmentFormat.stringProperty(QTextFormat::ImageName);
+        if (StandInPicture::isOfRest(picture)) {
+            finish();
+            finished += StandInPicture::textOf(picture).repeated(fragment.length());
+            return;
+        }
+        const QString marks = StandInPicture::textOf(picture);
         const bool isMarks = !marks.isEmpty();
         const bool goesOn = isMarks || (isInterrupted && fragmentFormat == format);
         if (!goesOn || !hasRun)
@@ -87,15 +94,10 @@ private:
     bool isInterrupted = false; ///< Whether the run ends in a picture that stands for marks.
 };
 
-bool isAsciiLetter(QChar c)
-{
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
-}
-
 /// What the expression "\w" means when it knows nothing of Unicode.
 bool isWordCharacter(QChar c)
 {
-    return isAsciiLetter(c) || (c >= u'0' && c <= u'9') || c == u'_';
+    return isAsciiLetterOrDigit(c) || c == u'_';
 }
 
 /// Whether what follows a "<" makes it one of the three markups, opening or closing.

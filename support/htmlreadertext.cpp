@@ -4,6 +4,8 @@
 #include "support/htmlreadertext.h"
 
 #include "support/markupbudget.h"
+#include "support/standinpicture.h"
+#include "support/writtencharacter.h"
 
 #include <algorithm>
 #include <array>
@@ -15,69 +17,17 @@ namespace {
 
 constexpr QLatin1StringView commentStart("<!--");
 constexpr QLatin1StringView commentEnd("-->");
-constexpr QLatin1StringView marksPrefix("marks:");
+
+/// What a field shows of breaks, tags and changes of writing, each of which is laid out by itself.
+/// Ten thousand lines are more than any note has.
+constexpr int mostPieces = 10'000;
 
 /// Elements whose content is no text of the document. Up to their closing tag nothing is markup.
 constexpr std::array hiddenElements{"style"_L1, "script"_L1, "title"_L1};
 
-bool isAsciiLetter(QChar c)
-{
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
-}
-
 bool canFollowTagOpening(QChar c)
 {
     return isAsciiLetter(c) || c == u'/' || c == u'!' || c == u'?';
-}
-
-bool isMark(char32_t character)
-{
-    switch (QChar::category(character)) {
-    case QChar::Mark_NonSpacing:
-    case QChar::Mark_SpacingCombining:
-    case QChar::Mark_Enclosing:
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// Whether the character is none of those that need a closer look in a text.
-bool isPlain(QChar c)
-{
-    return (c < u'\u0300' && c != u'<' && c != u'&') || c.isLetterOrNumber();
-}
-
-/// A character as it is written in a text, directly or as a numeric reference.
-struct WrittenCharacter
-{
-    char32_t character = 0;
-    qsizetype length = 1;
-};
-
-WrittenCharacter numericReference(QStringView text)
-{
-    constexpr qsizetype longest = 12;
-    const qsizetype end = text.first(std::min(text.size(), longest)).indexOf(u';');
-    if (end < 3 || text.at(1) != u'#')
-        return {};
-    const bool isHexadecimal = text.at(2).toLower() == u'x';
-    const QStringView digits = text.first(end).sliced(isHexadecimal ? 3 : 2);
-    bool isNumber = false;
-    const uint number = digits.toUInt(&isNumber, isHexadecimal ? 16 : 10);
-    if (!isNumber || number > QChar::LastValidCodePoint)
-        return {};
-    return {number, end + 1};
-}
-
-WrittenCharacter firstCharacter(QStringView text)
-{
-    const QChar c = text.front();
-    if (c == u'&')
-        return numericReference(text);
-    if (c.isHighSurrogate() && text.size() > 1 && text.at(1).isLowSurrogate())
-        return {QChar::surrogateToUcs4(c, text.at(1)), 2};
-    return {c.unicode(), 1};
 }
 
 /// Goes through a text front to back.
@@ -86,7 +36,7 @@ class Preparation
 public:
     Preparation(const QString& text, MarkupBudget::Limits limits)
         : html(text)
-        , budget(limits)
+        , budget(limits, text.size())
         , lastCommentEnd(html.lastIndexOf(commentEnd))
     {
         result.reserve(html.size());
@@ -95,29 +45,54 @@ public:
     QString run()
     {
         while (!rest().isEmpty()) {
+            if (isFull())
+                return putRest();
             if (rest().front() == u'<')
                 takeMarkup();
             else
                 takeText();
         }
         putExcessMarks();
+        shown = result.size();
         return result;
     }
 
-    [[nodiscard]] bool isOverspent() const { return budget.isOverspent(); }
+    [[nodiscard]] bool isOverspent() const { return budget.isOverspent(shown); }
 
 private:
     [[nodiscard]] QStringView rest() const { return QStringView(html).sliced(position); }
 
+    /// Not within raised or lowered text, if that ends in time.
+    [[nodiscard]] bool isFull() const
+    {
+        return pieces > mostPieces && (!budget.isInRaisedOrLowered() || pieces > 2 * mostPieces);
+    }
+
+    QString putRest()
+    {
+        putExcessMarks();
+        shown = result.size();
+        result += StandInPicture::ofRest(rest());
+        return result;
+    }
+
     void takeText()
     {
-        const auto end = std::find_if_not(rest().begin(), rest().end(), isPlain);
+        const auto end = std::find_if_not(rest().begin(), rest().end(), WrittenCharacter::isPlain);
         if (end != rest().begin()) {
+            if (std::any_of(rest().begin(), end, isAsciiLetterOrDigit))
+                takeScript(QChar::Script_Latin);
             put(rest().first(end - rest().begin()));
             return;
         }
-        const WrittenCharacter next = firstCharacter(rest());
-        if (!isMark(next.character)) {
+        const WrittenCharacter next = WrittenCharacter::first(rest());
+        if (!next.isMark()) {
+            if (next.character == u'&')
+                pieces += isUnusualReference(rest()) ? 1 : 0;
+            else if (next.isPiece())
+                ++pieces;
+            else
+                takeScript(next.writing());
             put(rest().first(next.length));
             return;
         }
@@ -128,6 +103,13 @@ private:
         else
             excessMarks += QStringView(QChar::fromUcs4(next.character));
         position += next.length;
+    }
+
+    void takeScript(QChar::Script next)
+    {
+        if (next != script && next != QChar::Script_Inherited)
+            ++pieces;
+        script = next == QChar::Script_Inherited ? script : next;
     }
 
     void put(QStringView text)
@@ -143,7 +125,7 @@ private:
         // Each picture is dear, too: for few marks it would not pay.
         constexpr qsizetype fewMarks = 300;
         if (excessMarks.size() > fewMarks)
-            result += R"(<img src=")"_L1 + marksPrefix + excessMarks + R"(">)"_L1;
+            result += StandInPicture::ofMarks(excessMarks);
         else
             result += excessMarks;
         excessMarks.clear();
@@ -180,8 +162,11 @@ private:
             takeHiddenElement(static_cast<std::size_t>(hidden - hiddenElements.begin()), tag);
             return;
         }
-        if (budget.admits(inside, result.size()))
+        if (budget.admits(inside, result.size())) {
             result += tag;
+            if (!inside.startsWith(u'/'))
+                ++pieces;
+        }
         position += tag.size();
     }
 
@@ -224,6 +209,9 @@ private:
     qsizetype position = 0;
     int marks = 0; ///< Those on the last letter.
     QString excessMarks;
+    int pieces = 0;
+    qsizetype shown = 0; ///< Characters for the reader, the rest that one picture stands for apart.
+    QChar::Script script = QChar::Script_Latin; ///< That of the last character.
     /// Of which hidden elements no further one is closed.
     std::array<bool, hiddenElements.size()> endless{};
 };
@@ -239,11 +227,6 @@ QString prepared(const QString& html)
     if (!usual.isOverspent())
         return text;
     return Preparation(html, MarkupBudget::Limits::Strict).run();
-}
-
-QString marksOfPicture(const QString& name)
-{
-    return name.startsWith(marksPrefix) ? name.sliced(marksPrefix.size()) : QString();
 }
 
 } // namespace HtmlReaderText

@@ -12,9 +12,4 @@ namespace HtmlReaderText {
 /// See CleanedHtml::forHtmlReader().
 [[nodiscard]] QString prepared(const QString& html);
 
-/// The combining marks for which a picture of this name stands in a document; empty for any other
-/// name. A letter shows the marks that it can carry. The rest would be laid out and painted one
-/// over the other at every repaint, so the reader gets them as the name of one empty picture.
-[[nodiscard]] QString marksOfPicture(const QString& name);
-
 } // namespace HtmlReaderText

@@ -12,6 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A second of a slow machine.
+constexpr qint64 longestWork = 8'000'000;
+
+/// Some dozens of foreign tags are always fine. Beyond that a text has to be long to be dear, or a
+/// file could have a thousand of them.
+constexpr qint64 leastWork = 5000;
+constexpr qint64 workPerCharacter = 4;
+
 bool isTablePart(const QString& name)
 {
     static constexpr std::array parts{"table"_L1, "tr"_L1,    "td"_L1,    "th"_L1,
@@ -33,8 +41,9 @@ bool changeDepth(int& depth, bool closing)
 
 } // namespace
 
-MarkupBudget::MarkupBudget(Limits limits)
-    : tableParts(limits == Limits::Usual ? 24 : 8)
+MarkupBudget::MarkupBudget(Limits limits, qsizetype characters)
+    : mostWork(std::min(longestWork, leastWork + workPerCharacter * qint64{characters}))
+    , tableParts(limits == Limits::Usual ? 24 : 0)
     , others(limits == Limits::Usual ? 1000 : 8)
     , styleSheet(limits == Limits::Usual ? 256 : 0)
 {}
@@ -72,8 +81,16 @@ bool MarkupBudget::admitsAtAll(QStringView tag)
         return true;
     if (name == "br"_L1)
         return true;
-    ++opened;
-    return isTablePart(name) ? tableParts-- > 0 : others-- > 0;
+    // The next of these two ends the last one.
+    if (name != "p"_L1 && name != "li"_L1)
+        ++opened;
+    if (!isTablePart(name))
+        return others-- > 0;
+    if (tableParts-- <= 0)
+        return false;
+    if (!closing && name == "table"_L1)
+        ++tables;
+    return true;
 }
 
 bool MarkupBudget::admitsStyleSheet(qsizetype length)
@@ -87,9 +104,15 @@ bool MarkupBudget::admitsStyleSheet(qsizetype length)
     return true;
 }
 
-bool MarkupBudget::isOverspent() const
+bool MarkupBudget::isOverspent(qsizetype characters) const
 {
-    // A second of a slow machine.
-    constexpr qint64 mostWork = 8'000'000;
-    return work > mostWork;
+    // Each table lays what is in it out twice.
+    constexpr qint64 layoutOfCharacter = 3;
+    const qint64 layout = tables > 0 ? (characters * layoutOfCharacter) << tables : 0;
+    return work + layout > mostWork;
+}
+
+bool MarkupBudget::isInRaisedOrLowered() const
+{
+    return subscriptDepth > 0 || superscriptDepth > 0;
 }

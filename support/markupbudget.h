@@ -15,7 +15,8 @@ public:
     /// What any text may have, or what one may have that proved too much work with it.
     enum class Limits { Usual, Strict };
 
-    explicit MarkupBudget(Limits limits);
+    /// For a text of that many characters, markup included.
+    MarkupBudget(Limits limits, qsizetype characters);
 
     /// Whether the tag between "<" and ">" (both excluded) may stay behind that many characters.
     [[nodiscard]] bool admits(QStringView tag, qsizetype charactersBefore);
@@ -24,15 +25,21 @@ public:
     /// with each tag.
     [[nodiscard]] bool admitsStyleSheet(qsizetype length);
 
-    /// Whether the tags until now may cost the reader more than it may take.
-    [[nodiscard]] bool isOverspent() const;
+    /// Whether the tags until now may cost the reader, or the layout of that many characters among
+    /// them, more than they may take.
+    [[nodiscard]] bool isOverspent(qsizetype characters) const;
+
+    /// Whether bare tags for raised or lowered text are open.
+    [[nodiscard]] bool isInRaisedOrLowered() const;
 
 private:
     bool admitsAtAll(QStringView tag);
 
+    qint64 mostWork;
     int subscriptDepth = 0;
     int superscriptDepth = 0;
     int tableParts;
+    int tables = 0;
     int others;
     qsizetype styleSheet;
     int opened = 0; ///< Tags that may still be open, those of raised and lowered text left out.

@@ -428,11 +428,53 @@ private Q_SLOTS:
         QVERIFY(document.toPlainText().size() < 100);
     }
 
+    void restOfAnEndlessTextComesBackButIsNotLaidOut_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("lines") << repeated("x<br>", 30'000) + u"H<sub>2</sub>O";
+        QTest::newRow("empty lines") << repeated("<br>", 30'000);
+        QTest::newRow("separators of lines") << u"x\u200e"_s.repeated(30'000);
+        QTest::newRow("raised and lowered") << repeated("C<sub>2</sub>H<sup>+</sup>", 20'000);
+        QTest::newRow("directions") << u"\u202b\u05d0\u202aa"_s.repeated(20'000);
+        QTest::newRow("writings") << u"a\u05d01 "_s.repeated(20'000);
+        QTest::newRow("symbols") << u"a\u2192 "_s.repeated(20'000);
+        QTest::newRow("anything behind") << repeated("x<br>", 10'001) +
+                                                u"\"&<>'\u00e9\U0001F9EA \u2028%41"_s +
+                                                QString(QChar(0xd800));
+    }
+
+    void restOfAnEndlessTextComesBackButIsNotLaidOut()
+    {
+        QFETCH(const QString, text);
+        QTextDocument document;
+        document.setHtml(CleanedHtml::forHtmlReader(text));
+        QVERIFY(document.toPlainText().size() < 45'000);
+        QVERIFY(CleanedHtml::fromDocument(document) == text);
+        QVERIFY(throughTheReader(throughTheReader(text)) == text);
+    }
+
+    void textOfUsualLengthIsLaidOutWhole_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("lines") << repeated("x<br>", 9'900);
+        QTest::newRow("formulae") << repeated("C<sub>2</sub>H<sup>+</sup> ", 4'900);
+        QTest::newRow("a megabyte of words") << repeated("photoelectron ", 75'000);
+        QTest::newRow("a megabyte of Hebrew") << u"\u05d0\u05d1 "_s.repeated(300'000);
+        QTest::newRow("quotation marks") << u"\u201ca\u201d \u2013 "_s.repeated(100'000);
+    }
+
+    void textOfUsualLengthIsLaidOutWhole()
+    {
+        QFETCH(const QString, text);
+        QCOMPARE(CleanedHtml::forHtmlReader(text), text);
+    }
+
     void readerIsSparedWhatWouldBeTooMuchWork_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("cleaned");
         const QString lines = repeated("x<br>", 30'000) + u"H<sub>2</sub>O";
+        const QString words = repeated("photoelectron ", 10'000) + u'x';
         QTest::newRow("lines in bold") << repeated("<b>", 1000) + lines << lines;
         QTest::newRow("lines in unknown elements") << repeated("<x>", 1000) + lines << lines;
         QTest::newRow("lines in closed elements") << repeated("<i></i>", 1000) + lines << lines;
@@ -442,6 +484,7 @@ private Q_SLOTS:
             << repeated("<style>a{color:red}</style>", 10'000) + lines << lines;
         QTest::newRow("rules that every line is matched with")
             << "<style>"_L1 + repeated("*,", 120) + "*{color:red}</style>"_L1 + lines << lines;
+        QTest::newRow("words in nested tables") << repeated("<table><tr><td>", 8) + words << words;
         QTest::newRow("raised runs in one word")
             << repeated("C<sub>2</sub>", 20'000) << repeated("C<sub>2</sub>", 20'000);
     }

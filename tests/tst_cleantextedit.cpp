@@ -321,6 +321,55 @@ private Q_SLOTS:
         QTest::keyClick(form.field, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(form.field->cleanedHtml(), u"H<sub>2</sub>OH2O"_s);
     }
+
+    void endOfAnEndlessTextIsSeenAsDots()
+    {
+        Form form;
+        QVERIFY(form.show());
+        const QString text = u"x<br>"_s.repeated(30'000);
+        form.field->setCleanedHtml(text);
+        QCOMPARE(form.field->cleanedHtml(), text);
+        form.field->moveCursor(QTextCursor::End);
+        const QImage withDots = form.field->viewport()->grab().toImage();
+        QTest::keyClick(form.field, Qt::Key_Backspace); // takes the rest away, as it looks
+        QCOMPARE(form.field->cleanedHtml(), u"x<br>"_s.repeated(10'001));
+        QVERIFY(form.field->viewport()->grab().toImage() != withDots);
+    }
+
+    void longTextThatIsCoveredIsLaidOutWhenItIsSeen()
+    {
+        Form form;
+        QVERIFY(form.show());
+        form.field->setCleanedHtml(u"photoelectron "_s.repeated(100));
+        const double width = form.field->document()->textWidth();
+        form.window.setUpdatesEnabled(false);
+        form.field->resize(form.field->width() / 2, form.field->height());
+        QCOMPARE(form.field->document()->textWidth(), width);
+        form.window.setUpdatesEnabled(true);
+        form.field->grab();
+        QCOMPARE(int(form.field->document()->textWidth()), form.field->viewport()->width());
+    }
+
+    void longestWordsAreBrokenAnywhere_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("anywhere");
+        QTest::newRow("long word") << u"a"_s.repeated(1900) + u" b"_s << false;
+        QTest::newRow("endless word") << u"a"_s.repeated(2100) << true;
+        QTest::newRow("hundreds of long words")
+            << QString(u"a"_s.repeated(1900) + u' ').repeated(200) << true;
+        QTest::newRow("blanks that break no line") << u"a\u00a0"_s.repeated(2000) << true;
+    }
+
+    void longestWordsAreBrokenAnywhere()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const bool, anywhere);
+        Form form;
+        form.field->setCleanedHtml(text);
+        QCOMPARE(form.field->wordWrapMode() == QTextOption::WrapAnywhere, anywhere);
+        QCOMPARE(form.field->cleanedHtml(), text);
+    }
 };
 
 QTEST_MAIN(TestCleanTextEdit)

@@ -4,11 +4,14 @@
 #include "widgets/cleantextedit.h"
 
 #include "support/cleanedhtml.h"
+#include "support/standinpicture.h"
 
 #include <QContextMenuEvent>
 #include <QImage>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
+#include <QResizeEvent>
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 #include <QUrl>
@@ -16,26 +19,46 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// Whether a word of the text, markup included, is longer than any word is. Tags other than line
-/// breaks do not end a word; blanks in them do not, either.
+/// Whether a word of the text, markup included, is longer than any word is, or very many are nearly
+/// as long. Tags other than line breaks do not end a word; blanks in them do not, either.
 bool hasEndlessWord(QStringView text)
 {
-    constexpr int longestWord = 2000;
+    constexpr qint64 longestWord = 2000;
+    constexpr qint64 mostWork = 100 * longestWord * longestWord;
     const QLatin1StringView lineBreak("<br");
-    int length = 0;
+    qint64 length = 0;
+    qint64 work = 0; // that of the layout for the words until now
     bool inTag = false;
-    for (qsizetype i = 0; i < text.size() && length <= longestWord; ++i) {
+    for (qsizetype i = 0; i < text.size() && length <= longestWord && work <= mostWork; ++i) {
         const QChar c = text.at(i);
         const bool tagBegins = c == u'<' && i + 1 < text.size() &&
                                (text.at(i + 1) == u'/' || text.at(i + 1).isLetter());
         const bool isLineBreak = tagBegins && text.sliced(i).startsWith(lineBreak);
         inTag = tagBegins || (inTag && c != u'>' && c != u'<');
-        const bool wordEnds = isLineBreak || (!inTag && c.isSpace());
+        const bool wordEnds = isLineBreak || (!inTag && c.isSpace() && c != QChar::Nbsp);
+        work += wordEnds ? length * length : 0;
         length = wordEnds ? 0 : length + 1;
     }
-    return length > longestWord;
+    return length > longestWord || work > mostWork;
+}
+
+/// What a field shows of the rest of a text that is too much for it.
+QImage dots(const QFont& font, const QColor& colour)
+{
+    const QString text = u" [...]"_s;
+    const QFontMetrics metrics(font);
+    QImage image(metrics.horizontalAdvance(text), metrics.height(),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setFont(font);
+    painter.setPen(colour);
+    painter.drawText(image.rect(), text);
+    return image;
 }
 
 } // namespace
@@ -111,6 +134,25 @@ void CleanTextEdit::insertFromMimeData(const QMimeData* source)
     QTextEdit::insertFromMimeData(source);
 }
 
+void CleanTextEdit::paintEvent(QPaintEvent* event)
+{
+    if (waitsToBeSeen) {
+        waitsToBeSeen = false;
+        QResizeEvent resized(viewport()->size(), QSize());
+        QTextEdit::resizeEvent(&resized);
+    }
+    QTextEdit::paintEvent(event);
+}
+
+void CleanTextEdit::resizeEvent(QResizeEvent* event)
+{
+    // Windows that come many at a time get several sizes, and most of them are not seen for long.
+    constexpr int fewCharacters = 100;
+    waitsToBeSeen = !updatesEnabled() && document()->characterCount() > fewCharacters;
+    if (!waitsToBeSeen)
+        QTextEdit::resizeEvent(event);
+}
+
 void CleanTextEdit::prepareWrappingFor(const QString& text)
 {
     // To find a word boundary the layout takes time quadratic in the length of a word.
@@ -118,10 +160,12 @@ void CleanTextEdit::prepareWrappingFor(const QString& text)
         setWordWrapMode(QTextOption::WrapAnywhere);
 }
 
-QVariant CleanTextEdit::loadResource(int type, const QUrl& /*name*/)
+QVariant CleanTextEdit::loadResource(int type, const QUrl& name)
 {
     // An answer that is not empty: without one the document would try to open the file itself.
     if (type == QTextDocument::ImageResource) {
+        if (StandInPicture::isOfRest(name.toString()))
+            return dots(font(), palette().color(QPalette::Text));
         QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
         nothing.fill(Qt::transparent);
         return nothing;

@@ -34,6 +34,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 Q_SIGNALS:
     /// The text has changed.
@@ -44,4 +46,6 @@ private Q_SLOTS:
 
 private:
     void prepareWrappingFor(const QString& text);
+
+    bool waitsToBeSeen = false; ///< A long text is laid out for the size when it is painted first.
 };
