@@ -10,7 +10,7 @@
 #include <QNetworkReply>
 #include <QPixmap>
 
-#include <algorithm>
+#include <chrono>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +19,9 @@ namespace {
 
 /// No structure drawing is that large; an answer that never ends would fill the memory.
 constexpr qint64 mostBytes = qint64{32} * 1024 * 1024;
+
+/// With its headers and its encryption, and what the system has taken but the toolkit not yet read.
+constexpr qint64 mostReceived = mostBytes + mostBytes / 4;
 
 } // namespace
 
@@ -29,10 +32,20 @@ StructureDownload::StructureDownload(QNetworkAccessManager* networkManager)
     // Nobody else learns for which substance a person asks.
     manager->setRedirectPolicy(QNetworkRequest::SameOriginRedirectPolicy);
     connect(manager, &QNetworkAccessManager::finished, this, &StructureDownload::end);
+    // The toolkit takes some megabytes of headers in that time.
+    constexpr std::chrono::milliseconds interval(50);
+    watch.setInterval(interval);
+    connect(&watch, &QTimer::timeout, this, &StructureDownload::giveUpEndlessAnswers);
 }
 
 void StructureDownload::start(const QString& casNumber)
 {
+    if (!isRunning()) {
+        received = ReceivedBytes();
+        asked = 0;
+    }
+    ++asked;
+    watch.start();
     QNetworkReply* reply = manager->get(QNetworkRequest(address(casNumber)));
     // Not at the reports of progress, which come ten times a second only.
     connect(reply, &QNetworkReply::readyRead, reply, [reply] {
@@ -44,10 +57,12 @@ void StructureDownload::start(const QString& casNumber)
 
 void StructureDownload::end()
 {
-    const bool running = isRunning();
-    if (!running)
+    const bool goesOn = isRunning();
+    if (!goesOn) {
+        watch.stop();
         forgetAnswers();
-    Q_EMIT runningChanged(running);
+    }
+    Q_EMIT runningChanged(goesOn);
 }
 
 void StructureDownload::forgetAnswers()
@@ -56,10 +71,20 @@ void StructureDownload::forgetAnswers()
     manager->setCookieJar(new QNetworkCookieJar);
 }
 
-bool StructureDownload::isRunning() const
+void StructureDownload::giveUpEndlessAnswers()
 {
-    const QList<QNetworkReply*> replies = manager->findChildren<QNetworkReply*>();
-    return std::any_of(replies.begin(), replies.end(), std::mem_fn(&QNetworkReply::isRunning));
+    if (received.count() <= asked * mostReceived)
+        return;
+    const QList<QNetworkReply*> endless = running();
+    for (QNetworkReply* reply : endless)
+        reply->abort();
+}
+
+QList<QNetworkReply*> StructureDownload::running() const
+{
+    QList<QNetworkReply*> replies = manager->findChildren<QNetworkReply*>();
+    replies.removeIf(std::mem_fn(&QNetworkReply::isFinished));
+    return replies;
 }
 
 StructureDownload::Result StructureDownload::take(QNetworkReply& reply)

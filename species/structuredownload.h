@@ -3,8 +3,11 @@
 
 #pragma once
 
+#include "species/receivedbytes.h"
+
 #include <QImage>
 #include <QObject>
+#include <QTimer>
 #include <QUrl>
 
 class QNetworkAccessManager;
@@ -29,7 +32,7 @@ public:
     explicit StructureDownload(QNetworkAccessManager* networkManager);
 
     /// Asks for the drawing of the substance with this valid CAS registry number. An answer larger
-    /// than any drawing is cut off.
+    /// than any drawing is cut off, whatever it is made of.
     void start(const QString& casNumber);
 
     /// What a finished reply has brought, which is read out of it.
@@ -45,7 +48,12 @@ Q_SIGNALS:
 private:
     void end();
     void forgetAnswers();
-    [[nodiscard]] bool isRunning() const;
+    void giveUpEndlessAnswers();
+    [[nodiscard]] QList<QNetworkReply*> running() const;
+    [[nodiscard]] bool isRunning() const { return !running().isEmpty(); }
 
     QNetworkAccessManager* manager;
+    QTimer watch;
+    ReceivedBytes received; ///< Since the first of the downloads that are under way began.
+    int asked = 0;          ///< Downloads since then.
 };

@@ -62,6 +62,15 @@ void PictureHost::serve(const QByteArray& target, const QByteArray& body)
     bodies.insert(target, body);
 }
 
+void PictureHost::serveEndlessly(const QByteArray& target, const QByteArray& beginning,
+                                 const QByteArray& piece)
+{
+    constexpr qsizetype mebibyte = 1024 * 1024;
+    endlessTarget = target;
+    endlessBeginning = beginning;
+    endlessPieces = piece.repeated(mebibyte / piece.size());
+}
+
 void PictureHost::redirect(const QByteArray& target, const QByteArray& location)
 {
     locations.insert(target, location);
@@ -126,18 +135,7 @@ void PictureHost::readRequest(QSslSocket& client)
 void PictureHost::answer(QSslSocket& client, const QByteArray& target)
 {
     if (target == endlessTarget) {
-        constexpr int chunkSize = 1024 * 1024;
-        client.write("HTTP/1.1 200 OK\r\n\r\n");
-        endlessBytes = client.write(QByteArray(chunkSize, '0'));
-        connect(&client, &QSslSocket::encryptedBytesWritten, &client,
-                [this, &client, chunksLeft = 255]() mutable {
-                    if (client.encryptedBytesToWrite() >= chunkSize)
-                        return;
-                    if (chunksLeft-- > 0)
-                        endlessBytes += client.write(QByteArray(chunkSize, '0'));
-                    else
-                        client.disconnectFromHost();
-                });
+        answerEndlessly(client);
         return;
     }
 
@@ -154,6 +152,21 @@ void PictureHost::answer(QSslSocket& client, const QByteArray& target)
     client.write("Set-Cookie: visit=" + QByteArray::number(seenRequests.size()) +
                  "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
     client.flush();
+}
+
+void PictureHost::answerEndlessly(QSslSocket& client)
+{
+    client.write(endlessBeginning);
+    endlessBytes = client.write(endlessPieces);
+    connect(&client, &QSslSocket::encryptedBytesWritten, &client,
+            [this, &client, left = 255]() mutable {
+                if (client.encryptedBytesToWrite() >= endlessPieces.size())
+                    return;
+                if (left-- > 0)
+                    endlessBytes += client.write(endlessPieces);
+                else
+                    client.disconnectFromHost();
+            });
 }
 
 TrustInPictureHost::TrustInPictureHost()

@@ -29,9 +29,12 @@ public:
     /// Sends who asks for @p target on to @p location, a path on this host or a whole address.
     void redirect(const QByteArray& target, const QByteArray& location);
 
-    /// Answers a GET for @p target with a body that seems to have no end: 256 MiB, so that a
-    /// program that takes it all fails its test and not the computer.
-    void serveEndlessly(const QByteArray& target) { endlessTarget = target; }
+    /// Answers a GET for @p target with @p beginning and then one @p piece after the other, which
+    /// seems to have no end: 256 MiB, so that a program that takes it all fails its test and not
+    /// the computer.
+    void serveEndlessly(const QByteArray& target,
+                        const QByteArray& beginning = "HTTP/1.1 200 OK\r\n\r\n",
+                        const QByteArray& piece = "0");
 
     /// What the endless answer has come to until now, a few MiB in buffers on the way included.
     [[nodiscard]] qint64 endlessBytesSent() const { return endlessBytes; }
@@ -55,9 +58,12 @@ private:
     void openTunnel(QSslSocket& client);
     void readRequest(QSslSocket& client);
     void answer(QSslSocket& client, const QByteArray& target);
+    void answerEndlessly(QSslSocket& client);
 
     bool holding = false;
     QByteArray endlessTarget;
+    QByteArray endlessBeginning;
+    QByteArray endlessPieces; ///< About 1 MiB.
     qint64 endlessBytes = 0;
     QHash<QByteArray, QByteArray> bodies;
     QHash<QByteArray, QByteArray> locations;
