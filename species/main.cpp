@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "species/confinement.h"
 #include "species/picturetranslation.h"
 
 #include <QFile>
@@ -25,6 +26,8 @@ int main(int argc, char* argv[])
 #endif
     qputenv("QT_QPA_PLATFORM", "offscreen"); // fonts, but no display
     const QGuiApplication application(argc, argv);
+    PictureTranslation::prepare();
+    Confinement::enter();
     QFile input;
     QFile output;
     if (!input.open(stdin, QIODevice::ReadOnly) || !output.open(stdout, QIODevice::WriteOnly))

@@ -4,6 +4,7 @@
 #include "species/pictureprocess.h"
 
 #include "species/picturelimits.h"
+#include "species/sanitized.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -25,18 +26,6 @@ namespace {
 
 constexpr rlim_t mostSeconds = 3;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool memoryCanBeLimited = false; // the sanitizer itself takes terabytes of addresses
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool memoryCanBeLimited = false;
-#else
-constexpr bool memoryCanBeLimited = true;
-#endif
-#else
-constexpr bool memoryCanBeLimited = true;
-#endif
-
 /// Runs in the new process before its program. macOS takes the limit of memory but does not hold
 /// it; not tried there.
 void limitResources()
@@ -48,7 +37,7 @@ void limitResources()
     };
     limit(RLIMIT_CPU, mostSeconds);
     limit(RLIMIT_CORE, 0);
-    if (memoryCanBeLimited)
+    if constexpr (!isSanitized)
         limit(RLIMIT_DATA, mostBytes);
 }
 

@@ -3,14 +3,18 @@
 
 #include "species/picturetranslation.h"
 
+#include "species/jpegscans.h"
 #include "species/picturelimits.h"
 #include "species/pngchunks.h"
 #include "species/vectordrawing.h"
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QPainter>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,6 +50,16 @@ QImage readDrawing(const QByteArray& bytes)
 
 namespace PictureTranslation {
 
+void prepare()
+{
+    QBuffer nothing;
+    const QList<QByteArray> formats = QImageReader::supportedImageFormats();
+    for (const QByteArray& format : formats)
+        static_cast<void>(QImageReader(&nothing, format).canRead());
+    QImage letter(1, 1, QImage::Format_ARGB32_Premultiplied);
+    QPainter(&letter).drawText(0, 1, u"a"_s);
+}
+
 QImage read(const QByteArray& bytes)
 {
     PictureLimits::limitAllocations();
@@ -54,7 +68,7 @@ QImage read(const QByteArray& bytes)
     QImageReader reader(&buffer);
     if (reader.format().startsWith("svg"))
         return readDrawing(bytes);
-    if (!PictureLimits::admit(reader.size()))
+    if (!PictureLimits::admit(reader.size()) || JpegScans::count(bytes) > JpegScans::most)
         return {};
     const QImage picture = reader.read();
     return PictureLimits::admit(picture.size()) ? picture : QImage();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "species/jpegscans.h"
 #include "species/picturelimits.h"
 #include "species/pngchunks.h"
 #include "species/structurepicture.h"
@@ -373,6 +374,25 @@ private Q_SLOTS:
         QByteArray one = whole;
         one.insert(headerSize, chunk);
         QCOMPARE(PngChunks::withoutNeedless(three), one);
+    }
+
+    void scansOfJpegFilesAreCounted()
+    {
+        QCOMPARE(JpegScans::count(QByteArrayView()), 0);
+        QCOMPARE(JpegScans::count(encoded(picture(), "PNG")), 0);
+        QCOMPARE(JpegScans::count(encoded(picture(), "JPEG")), 1);
+        const QByteArray staged = DearFiles::jpegOfScans(0);
+        QVERIFY(JpegScans::count(staged) > 1);
+        QCOMPARE(JpegScans::count(DearFiles::jpegOfScans(20)), JpegScans::count(staged) + 20);
+        for (qsizetype size = 0; size < staged.size(); ++size)
+            QVERIFY(JpegScans::count(staged.first(size)) <= JpegScans::count(staged));
+    }
+
+    void jpegOfTooManyScansIsNone()
+    {
+        QCOMPARE(decodedBase64(DearFiles::jpegOfScans(0)).size(), QSize(90, 90));
+        QCOMPARE(decodedBase64(DearFiles::jpegOfScans(80)).size(), QSize(90, 90));
+        QVERIFY(decodedBase64(DearFiles::jpegOfScans(100)).isNull());
     }
 
     void dearPicturesStayWithinTheirBudget_data()

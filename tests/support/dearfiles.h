@@ -27,4 +27,7 @@ struct Family
 /// A species file with this structure image and nothing else.
 [[nodiscard]] QByteArray speciesFileWithPicture(const QByteArray& picture);
 
+/// A JPEG file that comes in stages, with so many more of them, which repeat the first.
+[[nodiscard]] QByteArray jpegOfScans(int more, int side = 90);
+
 } // namespace DearFiles

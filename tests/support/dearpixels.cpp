@@ -105,17 +105,17 @@ QByteArray jpeg(int side, bool progressive)
     return bytes;
 }
 
-/// A progressive picture whose first scan comes again and again.
+/// Nearly as many as are read.
+QByteArray someScans(int side)
+{
+    constexpr int count = 85;
+    return DearFiles::speciesFileWithPicture(DearFiles::jpegOfScans(count, side));
+}
+
 QByteArray repeatedScans(int count)
 {
-    const QByteArray whole = jpeg(4000, true);
-    const qsizetype tables = whole.indexOf("\xff\xc4"); // between frame header and first scan
-    const qsizetype scan = whole.indexOf("\xff\xda", tables);
-    qsizetype end = scan + 2;
-    while (whole.at(end) != '\xff' || whole.at(end + 1) == '\0')
-        ++end;
-    return DearFiles::speciesFileWithPicture(
-        QByteArray(whole).insert(end, whole.sliced(scan, end - scan).repeated(count)));
+    constexpr int side = 1000;
+    return DearFiles::speciesFileWithPicture(DearFiles::jpegOfScans(count, side));
 }
 
 QByteArray gifOfManyFrames(int count)
@@ -143,6 +143,17 @@ QByteArray claimingPpm(int side)
 
 namespace DearFiles {
 
+QByteArray jpegOfScans(int more, int side)
+{
+    const QByteArray whole = jpeg(side, true);
+    const qsizetype tables = whole.indexOf("\xff\xc4"); // between frame header and first scan
+    const qsizetype scan = whole.indexOf("\xff\xda", tables);
+    qsizetype end = scan + 2;
+    while (whole.at(end) != '\xff' || whole.at(end + 1) == '\0')
+        ++end;
+    return QByteArray(whole).insert(end, whole.sliced(scan, end - scan).repeated(more));
+}
+
 const QList<Family>& pixelPictures()
 {
     static const QList<Family> all{
@@ -152,7 +163,8 @@ const QList<Family>& pixelPictures()
         {"pixels/colour profile", 1, colourProfile},
         {"pixels/large PNG", 5'500, largePng},
         {"pixels/large bitmap", 30'000, largeBitmap},
-        {"pixels/repeated scans", 300, repeatedScans},
+        {"pixels/repeated scans", 500, repeatedScans},
+        {"pixels/as many scans as are read", 1'800, someScans},
         {"pixels/frames", 1'000, gifOfManyFrames},
         {"pixels/XPM", 1'000, xpm},
         {"pixels/claiming PPM", 8'000, claimingPpm},
