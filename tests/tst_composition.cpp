@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "entries/atomicweights.h"
 #include "entries/composition.h"
 
 #include <QTest>
@@ -129,6 +130,8 @@ private Q_SLOTS:
         QTest::newRow("oxygen") << u"O2"_s << 31.9988 << 31.989829;
         QTest::newRow("water") << u"H2O"_s << 18.0153 << 18.010565;
         QTest::newRow("benzene") << u"C6H6"_s << 78.1118 << 78.04695;
+        QTest::newRow("osmium tetroxide") << u"OsO4"_s << 254.23 << 255.94114;
+        QTest::newRow("uranium hexafluoride") << u"UF6"_s << 352.02 << 352.04121;
         QTest::newRow("iodine") << u"I2"_s << 253.8089 << 253.80894;
     }
 
@@ -142,6 +145,52 @@ private Q_SLOTS:
         QVERIFY(std::abs(masses->average - average) <= masses->averageUncertainty);
         QVERIFY(std::abs(masses->mainIsotopes - mainIsotopes) <= masses->mainIsotopesUncertainty);
         QVERIFY(masses->mainIsotopesUncertainty < 0.001);
+    }
+
+    /// Of these elements only one isotope is found in nature.
+    void weightsOfSingleIsotopesAreTheirMasses()
+    {
+        const QStringList symbols =
+            u"Be F Na Al P Sc Mn Co As Y Nb Rh I Cs Pr Tb Ho Tm Au Pa"_s.split(u' ');
+        for (const QString& symbol : symbols) {
+            const auto weight = AtomicWeights::of(symbol);
+            QVERIFY2(weight, qPrintable(symbol));
+            QVERIFY2(std::abs(weight->standard - weight->mainIsotope) <= weight->uncertainty,
+                     qPrintable(symbol));
+        }
+    }
+
+    /// Masses are within a tenth of the number of nucleons, and weights near them.
+    void weightsAreThoseOfAtoms_data()
+    {
+        QTest::addColumn<QString>("symbol");
+        QTest::addColumn<int>("nucleons");
+        const QStringList elements =
+            u"H1 He4 Li7 Be9 B11 C12 N14 O16 F19 Ne20 Na23 Mg24 Al27 Si28 P31 S32 Cl35 Ar40 K39 "
+            u"Ca40 "
+            "Sc45 Ti48 V51 Cr52 Mn55 Fe56 Co59 Ni58 Cu63 Zn64 Ga69 Ge74 As75 Se80 Br79 Kr84 Rb85 "
+            "Sr88 Y89 Zr90 Nb93 Mo98 Ru102 Rh103 Pd106 Ag107 Cd114 In115 Sn120 Sb121 Te130 I127 "
+            "Xe132 Cs133 Ba138 La139 Ce140 Pr141 Nd142 Sm152 Eu153 Gd158 Tb159 Dy164 Ho165 Er166 "
+            "Tm169 Yb174 Lu175 Hf180 Ta181 W184 Re187 Os192 Ir193 Pt195 Au197 Hg202 Tl205 Pb208 "
+            "Bi209 Th232 Pa231 U238"_s.split(u' ');
+        for (const QString& element : elements) {
+            const qsizetype letters = element.at(1).isDigit() ? 1 : 2;
+            QTest::newRow(qPrintable(element))
+                << element.first(letters) << element.sliced(letters).toInt();
+        }
+    }
+
+    void weightsAreThoseOfAtoms()
+    {
+        QFETCH(const QString, symbol);
+        QFETCH(const int, nucleons);
+        const auto weight = AtomicWeights::of(symbol);
+        QVERIFY(weight);
+        QCOMPARE(qRound(weight->mainIsotope), nucleons);
+        QVERIFY(std::abs(weight->mainIsotope - nucleons) < 0.11);
+        constexpr double mostByOtherIsotopes = 3; // tellurium
+        QVERIFY(std::abs(weight->standard - weight->mainIsotope) < mostByOtherIsotopes);
+        QVERIFY(weight->uncertainty > 0 && weight->uncertainty < 2);
     }
 
     void unknownWeightsGiveNoMass_data()
