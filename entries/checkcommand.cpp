@@ -86,13 +86,18 @@ public:
             const EntryFile file = pieces.read(i);
             return Judged{file.opened, Rules::judge(file, selection), FileSummary::of(file)};
         };
-        OrderedWork<Judged>::run(pieces.count(), judge, [this, &pieces](qsizetype i, Judged& done) {
-            take(done);
+        const QString things = pieces.count() == paths.size() ? u"files"_s : u"entries"_s;
+        qsizetype done = 0;
+        const auto showProgress = [&] { console.showProgress(done, pieces.count(), things); };
+        const auto takeNext = [&](qsizetype i, Judged& judged) {
+            take(judged);
             if (pieces.isLastOfFile(i))
                 endFile(pieces.pathOf(i));
-            console.showProgress(i + 1, pieces.count());
+            done = i + 1;
+            showProgress();
             return true;
-        });
+        };
+        OrderedWork<Judged>::run(pieces.count(), judge, takeNext, showProgress);
         tell(Rules::compare(summaries, selection));
         if (json)
             console.print(report.toJson());
@@ -163,11 +168,11 @@ ExitCode runCheckCommand(const QStringList& arguments, Console& console)
         return line.refuse(u"Which files or folders?"_s);
 
     const InputFiles inputs = InputFiles::named(line.files());
-    for (const QString& folder : inputs.emptyFolders)
-        console.complain(u"No JSON files in the folder %1"_s.arg(folder));
+    for (const QString& problem : inputs.problems)
+        console.complain(problem);
     Check check(console, selection, format == "json"_L1);
     const bool allOpened = check.run(inputs.paths);
-    if (!console.flush() || !allOpened || !inputs.emptyFolders.isEmpty())
+    if (!console.flush() || !allOpened || !inputs.problems.isEmpty())
         return ExitCode::Failed;
     return check.hasErrors() ? ExitCode::Findings : ExitCode::Good;
 }

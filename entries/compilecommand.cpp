@@ -47,15 +47,19 @@ bool areGood(const QStringList& paths, Console& console)
             console.print(CheckReport::line(finding, console.hasColours()));
         }
     };
+    qsizetype done = 0;
+    const auto showProgress = [&] { console.showProgress(done, paths.size()); };
     OrderedWork<Rules::Judgement>::run(
         paths.size(),
         [&](qsizetype i) { return Rules::judge(EntryFiles::read(paths.at(i)), selection); },
         [&](qsizetype i, const Rules::Judgement& judgement) {
             tell(told.admit(judgement));
             tell(told.endFile(paths.at(i)));
-            console.showProgress(i + 1, paths.size());
+            done = i + 1;
+            showProgress();
             return true;
-        });
+        },
+        showProgress);
     return good;
 }
 
@@ -120,10 +124,15 @@ ExitCode runCompileCommand(const QStringList& arguments, Console& console)
         return line.refuse(u"At least one species has to be added to the database."_s);
 
     const InputFiles inputs = InputFiles::named(line.files());
-    for (const QString& folder : inputs.emptyFolders)
-        console.complain(u"No JSON files in the folder %1"_s.arg(folder));
-    if (!inputs.emptyFolders.isEmpty())
+    for (const QString& problem : inputs.problems)
+        console.complain(problem);
+    if (!inputs.problems.isEmpty())
         return ExitCode::Failed;
+    const QString target = line.value(u"output"_s);
+    if (inputs.contains(target)) {
+        console.complain(u"%1 is one of the entries; it would be lost."_s.arg(target));
+        return ExitCode::Failed;
+    }
     if (line.isSet(u"check"_s) && !areGood(inputs.paths, console)) {
         console.complain(u"The entries have errors; nothing was compiled."_s);
         return console.flush() ? ExitCode::Findings : ExitCode::Failed;
@@ -131,6 +140,6 @@ ExitCode runCompileCommand(const QStringList& arguments, Console& console)
     const DatabaseFile::Header header{line.value(u"database-version"_s), line.value(u"release"_s),
                                       line.value(u"title"_s), QDate::currentDate()};
     const auto format = line.isSet(u"compact"_s) ? QJsonDocument::Compact : QJsonDocument::Indented;
-    const ExitCode code = compile(inputs.paths, line.value(u"output"_s), header, format, console);
+    const ExitCode code = compile(inputs.paths, target, header, format, console);
     return console.flush() ? code : ExitCode::Failed;
 }

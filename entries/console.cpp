@@ -24,10 +24,10 @@ bool isTerminal(std::FILE* stream)
 #endif
 }
 
-/// https://no-color.org, and terminals that know no colours.
-bool wantsColours()
+/// Whether colours and lines that are written anew can be shown there.
+bool isCapableTerminal(std::FILE* stream)
 {
-    return qEnvironmentVariableIsEmpty("NO_COLOR") && qEnvironmentVariable("TERM") != "dumb"_L1;
+    return isTerminal(stream) && qEnvironmentVariable("TERM") != "dumb"_L1;
 }
 
 bool writeAll(std::FILE* stream, const QByteArray& bytes)
@@ -48,8 +48,9 @@ QString printable(QString text)
 }
 
 Console::Console()
-    : colours(isTerminal(stdout) && wantsColours())
-    , progressWanted(isTerminal(stderr))
+    // https://no-color.org
+    : colours(isCapableTerminal(stdout) && qEnvironmentVariableIsEmpty("NO_COLOR"))
+    , progressWanted(isCapableTerminal(stderr))
 {
     sinceStart.start();
     sinceProgress.start();

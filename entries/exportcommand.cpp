@@ -101,20 +101,27 @@ public:
         , names(QString::fromLatin1(wanted.suffix))
     {}
 
-    [[nodiscard]] ExitCode run(const QStringList& paths)
+    [[nodiscard]] ExitCode run(const InputFiles& files)
     {
+        inputs = files;
         if (!open())
             return ExitCode::Failed;
+        const QStringList& paths = inputs.paths;
         const FilePieces pieces(paths, console.progressOfBytes());
+        const QString things = pieces.count() == paths.size() ? u"files"_s : u"entries"_s;
+        qsizetype done = 0;
+        const auto showProgress = [&] { console.showProgress(done, pieces.count(), things); };
+        const auto takeNext = [&](qsizetype i, Converted& converted) {
+            tellProblems(pieces.pathOf(i), converted);
+            for (const Converted::Dataset& dataset : std::as_const(converted.datasets))
+                store(dataset);
+            done = i + 1;
+            showProgress();
+            return true;
+        };
         OrderedWork<Converted>::run(
-            pieces.count(), [&](qsizetype i) { return convert(pieces.read(i), format); },
-            [&](qsizetype i, Converted& converted) {
-                tellProblems(pieces.pathOf(i), converted);
-                for (const Converted::Dataset& dataset : std::as_const(converted.datasets))
-                    store(dataset);
-                console.showProgress(i + 1, pieces.count());
-                return true;
-            });
+            pieces.count(), [&](qsizetype i) { return convert(pieces.read(i), format); }, takeNext,
+            showProgress);
         if (single && single->commit() != WholeFile::Result::Written)
             fail(u"%1 cannot be written."_s.arg(target));
         if (failed)
@@ -166,10 +173,15 @@ private:
     /// Whether a file stands there that must not be replaced, which is told.
     [[nodiscard]] bool isRefused(const QString& path)
     {
-        const bool refused = !force && exists(path);
-        if (refused)
+        if (!exists(path))
+            return false;
+        if (!force)
             fail(u"%1 exists; --force replaces it."_s.arg(path));
-        return refused;
+        else if (inputs.contains(path))
+            fail(u"%1 is one of the files to export; it would be lost."_s.arg(path));
+        else
+            return false;
+        return true;
     }
 
     void fail(const QString& text)
@@ -184,6 +196,7 @@ private:
     const bool force;
     ExportNames names;
     std::optional<WholeFile> single;
+    InputFiles inputs;
     bool failed = false;
     bool lossy = false;
 };
@@ -218,11 +231,11 @@ ExitCode runExportCommand(const QStringList& arguments, Console& console)
         return line.refuse(u"Which files or folders?"_s);
 
     const InputFiles inputs = InputFiles::named(line.files());
-    for (const QString& folder : inputs.emptyFolders)
-        console.complain(u"No JSON files in the folder %1"_s.arg(folder));
+    for (const QString& problem : inputs.problems)
+        console.complain(problem);
     Export work(console, *format, line.value(u"output"_s), line.isSet(u"force"_s));
-    const ExitCode code = work.run(inputs.paths);
-    if (!console.flush() || !inputs.emptyFolders.isEmpty())
+    const ExitCode code = work.run(inputs);
+    if (!console.flush() || !inputs.problems.isEmpty())
         return ExitCode::Failed;
     return code;
 }

@@ -18,24 +18,45 @@ namespace {
 
 using Species = FileSummary::Species;
 
-/// Complains about each later one of several entries with the same text.
+/// Where a text stands.
+struct Place
+{
+    QString file;
+    QString pointer;
+};
+
+/// "in other.json", or in the same file "at /Entry1/Species/CAS".
+QString described(const Place& place, const QString& beside)
+{
+    return place.file == beside ? u"at "_s + place.pointer : u"in "_s + place.file;
+}
+
+bool isSame(const Place& a, const Place& b)
+{
+    return a.pointer == b.pointer && (a.file == b.file || QFileInfo(a.file).absoluteFilePath() ==
+                                                              QFileInfo(b.file).absoluteFilePath());
+}
+
+/// Complains about each later one of several entries with the same text. A file that was named
+/// twice is no second entry.
 void complainOfSame(const QList<FileSummary>& files, QString Species::*text, const QString& key,
                     const QString& what, const ComplainOfFile& complain)
 {
-    QHash<QString, QString> firstFiles;
+    QHash<QString, Place> firstPlaces;
     for (const FileSummary& file : files) {
         for (const Species& species : file.species) {
             const QString& value = species.*text;
             if (value.isEmpty())
                 continue;
-            const auto first = firstFiles.constFind(value);
-            if (first == firstFiles.constEnd()) {
-                firstFiles.insert(value, file.path);
-                continue;
+            const Place place{file.path, JsonPointer::member(species.place, key)};
+            const auto first = firstPlaces.constFind(value);
+            if (first == firstPlaces.constEnd()) {
+                firstPlaces.insert(value, place);
+            } else if (!isSame(*first, place)) {
+                complain(place.file, place.pointer,
+                         u"The %1 %2 stands %3, too; each species has one entry."_s.arg(
+                             what, value, described(*first, place.file)));
             }
-            complain(file.path, JsonPointer::member(species.place, key),
-                     u"The %1 %2 stands in %3, too; each species has one entry."_s.arg(what, value,
-                                                                                       *first));
         }
     }
 }

@@ -6,6 +6,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <map>
@@ -15,33 +16,32 @@
 
 /// Does a piece of work for each number below @p count on all processors, and hands the results to
 /// @p take on the calling thread, in the order of the numbers. Only a few results wait at a time,
-/// so that memory does not grow with their number. @p take returns false to stop.
+/// so that memory does not grow with their number. @p take returns false to stop; @p whileWaiting
+/// is called now and then as long as there is no result.
 template <typename Result>
 class OrderedWork
 {
 public:
     using Work = std::function<Result(qsizetype)>;
     using Take = std::function<bool(qsizetype, Result&)>;
+    using Wait = std::function<void()>;
 
-    static void run(qsizetype count, const Work& work, const Take& take)
+    static void run(
+        qsizetype count, const Work& work, const Take& take, const Wait& whileWaiting = [] {})
     {
         const qsizetype threads = std::min<qsizetype>(QThread::idealThreadCount(), count);
-        if (threads <= 1) {
-            for (qsizetype i = 0; i < count; ++i) {
-                Result result = work(i);
-                if (!take(i, result))
-                    return;
-            }
-            return;
-        }
-        OrderedWork(count, work, take).runOn(threads);
+        if (threads > 0)
+            OrderedWork(count, work, take, whileWaiting).runOn(threads);
     }
 
 private:
-    OrderedWork(qsizetype pieces, const Work& toDo, const Take& taker)
+    static constexpr std::chrono::milliseconds waitingTime{200};
+
+    OrderedWork(qsizetype pieces, const Work& toDo, const Take& taker, const Wait& waiter)
         : count(pieces)
         , work(toDo)
         , take(taker)
+        , wait(waiter)
     {}
 
     void runOn(qsizetype threads)
@@ -78,7 +78,12 @@ private:
     {
         std::unique_lock lock(mutex);
         while (!stopped && taken < count) {
-            changed.wait(lock, [this] { return results.count(taken) > 0; });
+            while (
+                !changed.wait_for(lock, waitingTime, [this] { return results.count(taken) > 0; })) {
+                lock.unlock();
+                wait();
+                lock.lock();
+            }
             auto node = results.extract(taken);
             lock.unlock();
             const bool goOn = take(node.key(), node.mapped());
@@ -92,6 +97,7 @@ private:
     const qsizetype count;
     const Work& work;
     const Take& take;
+    const Wait& wait;
     qsizetype mostAhead = 0;
     std::mutex mutex;
     std::condition_variable changed;

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -155,6 +156,63 @@ private Q_SLOTS:
         const ProgramRun run = entries({u"check"_s, u"empty"_s});
         QCOMPARE(run.exitCode, 2);
         QCOMPARE(run.errors, QByteArray("korvela-entries: No JSON files in the folder empty\n"));
+    }
+
+    void folderThatCannotBeReadIsTold()
+    {
+        QDir(sandbox->path()).mkdir(u"closed"_s);
+        const QString closed = sandbox->path(u"closed"_s);
+        QVERIFY(QFile::setPermissions(closed, {}));
+        const bool isReadable = QFileInfo(closed).isReadable();
+        const ProgramRun run = entries({u"check"_s, u"closed"_s, u"cas.json"_s});
+        QFile::setPermissions(closed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY(run.output.startsWith("cas.json: /Species/CAS: error: "));
+        if (isReadable)
+            QSKIP("root reads everything");
+        QCOMPARE(run.errors, QByteArray("korvela-entries: The folder closed cannot be read.\n"));
+    }
+
+    void nothingInAFolderIsLeftOutWithoutAWord()
+    {
+        const ProgramRun made = TestSupport::runProgram(
+            u"/bin/sh"_s,
+            {u"-c"_s, u"mkdir o o/sub.json; cp cas.json o/a.json; ln -s loop1.json o/loop2.json; "
+                      "ln -s loop2.json o/loop1.json; ln -s missing o/broken.json; ln -s . o/self; "
+                      "mkfifo o/pipe.json; cp cas.json \"$(printf 'o/x\\377.json')\"; "
+                      "cp cas.json \"$(printf 'o/line\\nfeed.json')\""_s},
+            sandbox->path());
+        if (made.exitCode != 0)
+            QSKIP("this system has no such files");
+        const ProgramRun run = entries({u"check"_s, u"o"_s});
+        QCOMPARE(run.exitCode, 2);
+        for (const char* name : {"broken", "loop1", "loop2", "pipe"}) {
+            const QByteArray line =
+                QByteArray("o/") + name + ".json: error: The file cannot be read";
+            QVERIFY2(run.output.contains(line), line.constData());
+        }
+        QVERIFY(run.output.contains("o/a.json: /Species/CAS: error: "));
+        QVERIFY(run.output.contains("o/line\xef\xbf\xbd"
+                                    "feed.json: /Species/CAS: error: "));
+        QVERIFY(run.output.contains("\n6 files: 6 errors, "));
+        QCOMPARE(run.errors, QByteArray("korvela-entries: The file o/x\xef\xbf\xbd.json cannot be "
+                                        "read: its name is no UTF-8.\n"));
+    }
+
+    void fileThatIsNamedTwiceIsNoSecondEntry()
+    {
+        const ProgramRun run = entries({u"check"_s, u"mass.json"_s, u"mass.json"_s,
+                                        u"./mass.json"_s, u"--disable=mass-formula"_s});
+        QCOMPARE(run.output, QByteArray("3 files: 0 errors, 0 warnings\n"));
+    }
+
+    void entriesOfADatabaseAreComparedToo()
+    {
+        sandbox->write(u"db.json"_s, "{\"Type\":\"Database v1\",\"Entry1\":" + good +
+                                         ",\"Entry2\":" + good + '}');
+        const ProgramRun run = entries({u"check"_s, u"db.json"_s});
+        QVERIFY(run.output.contains("db.json: /Entry2/Species/CAS: warning: The CAS number 71-43-2 "
+                                    "stands at /Entry1/Species/CAS, too; "));
     }
 
     void programsGetOneObject()

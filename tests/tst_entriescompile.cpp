@@ -3,12 +3,19 @@
 
 #include "database/createdatabase.h"
 #include "database/databasefile.h"
+#include "database/databaseprogram.h"
+#include "tests/support/child.h"
+#include "tests/support/dialogscript.h"
 #include "tests/support/entriesprogram.h"
 #include "tests/support/sandbox.h"
 
+#include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include <memory>
@@ -61,6 +68,55 @@ private Q_SLOTS:
                                 compact ? QJsonDocument::Compact : QJsonDocument::Indented);
         QCOMPARE(result.outcome, DatabaseFile::Outcome::Written);
         QVERIFY(sandbox->read(u"db.json"_s) == sandbox->read(u"dialog.json"_s));
+    }
+
+    void dialogItselfMakesTheSameBytes_data()
+    {
+        QTest::addColumn<bool>("compact");
+        QTest::newRow("indented") << false;
+        QTest::newRow("compact") << true;
+    }
+
+    void dialogItselfMakesTheSameBytes()
+    {
+        QFETCH(const bool, compact);
+        // Not only what the editor wrote.
+        sandbox->write(
+            u"d/e3.json"_s,
+            R"({"Type": "Species v1", "Species": {"Name": "\u00e4\/", "Mass": 1E1}, "A": []})");
+        QStringList arguments{
+            u"compile"_s,       u"--output=db.json"_s,     u"--database-version=2.1"_s,
+            u"--release=4 ä"_s, u"--title=<b>\"T\"</b>"_s, u"d"_s};
+        if (compact)
+            arguments.append(u"--compact"_s);
+        QCOMPARE(entries(arguments).exitCode, 0);
+
+        DialogScript dialogs;
+        dialogs.expect([compact](QWidget& dialog) { fillIn(dialog, compact); });
+        for (int i = 1; i <= 11; ++i) {
+            dialogs.expectFileDialog(u"Select JSON Files to be added to the database"_s,
+                                     sandbox->path(u"d/e%1.json"_s.arg(i)));
+        }
+        dialogs.expectFileDialog(u"Database will be saved to..."_s,
+                                 sandbox->path(u"dialog.json"_s));
+        dialogs.expectBox(QMessageBox::Information, u"Success"_s,
+                          u"Species database created successfully."_s);
+        QCOMPARE(DatabaseProgram::run(), EXIT_SUCCESS);
+        QVERIFY2(dialogs.passed(), dialogs.report().constData());
+        QVERIFY(sandbox->read(u"db.json"_s) == sandbox->read(u"dialog.json"_s));
+        QVERIFY(sandbox->read(u"db.json"_s).contains("ä/"));
+    }
+
+    void entryIsNotOverwritten()
+    {
+        const QByteArray before = sandbox->read(u"d/e1.json"_s);
+        for (const QString& output : {u"d/e1.json"_s, u"./d/../d/e1.json"_s}) {
+            const ProgramRun run = entries({u"compile"_s, u"--output"_s, output, u"d"_s});
+            QCOMPARE(run.exitCode, 2);
+            QCOMPARE(run.errors, "korvela-entries: " + output.toUtf8() +
+                                     " is one of the entries; it would be lost.\n");
+            QCOMPARE(sandbox->read(u"d/e1.json"_s), before);
+        }
     }
 
     void textsOfTheHeaderAreTakenOver()
@@ -187,6 +243,21 @@ private Q_SLOTS:
     }
 
 private:
+    static void fillIn(const QWidget& dialog, bool compact)
+    {
+        TestSupport::child<QLineEdit>(dialog, "lineEdit")->setText(u"2.1"_s);
+        TestSupport::child<QLineEdit>(dialog, "lineEdit_2")->setText(u"4 ä"_s);
+        TestSupport::child<QLineEdit>(dialog, "lineEdit_3")->setText(u"<b>\"T\"</b>"_s);
+        TestSupport::child<QCheckBox>(dialog, "checkBox")->setChecked(compact);
+        for (int i = 1; i <= 11; ++i) {
+            QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton_2"),
+                              Qt::LeftButton);
+        }
+        QTest::mouseClick(TestSupport::child<QPushButton>(dialog, "pushButton"), Qt::LeftButton);
+        const auto* box = TestSupport::child<QDialogButtonBox>(dialog, "buttonBox");
+        QTest::mouseClick(box->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    }
+
     static QByteArray entry(int number)
     {
         const QJsonObject species{{u"Name"_s, QString::number(number)},

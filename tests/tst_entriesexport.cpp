@@ -137,6 +137,17 @@ private Q_SLOTS:
         QCOMPARE(sandbox->read(u"all.jsonl"_s), QByteArray("mine"));
     }
 
+    void inputIsNotOverwrittenEvenByForce()
+    {
+        const QByteArray before = sandbox->read(u"water.json"_s);
+        const ProgramRun run =
+            exported(u"jsonl"_s, u"./water.json"_s, {u"water.json"_s, u"--force"_s});
+        QCOMPARE(run.exitCode, 2);
+        QCOMPARE(run.errors, QByteArray("korvela-entries: ./water.json is one of the files to "
+                                        "export; it would be lost.\n"));
+        QCOMPARE(sandbox->read(u"water.json"_s), before);
+    }
+
     void fileNamesAreSafe_data()
     {
         QTest::addColumn<QString>("name");

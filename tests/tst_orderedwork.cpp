@@ -41,6 +41,25 @@ private Q_SLOTS:
         QVERIFY(mostAhead <= 4 * QThread::idealThreadCount() + 1);
     }
 
+    void whoeverWaitsIsCalled()
+    {
+        std::atomic<bool> called = false;
+        QList<int> taken;
+        OrderedWork<int>::run(
+            1,
+            [&called](qsizetype) {
+                while (!called)
+                    QThread::yieldCurrentThread();
+                return 7;
+            },
+            [&taken](qsizetype, int& result) {
+                taken.append(result);
+                return true;
+            },
+            [&called] { called = true; });
+        QCOMPARE(taken, QList<int>{7});
+    }
+
     void workStopsWhenNobodyTakesIt()
     {
         std::atomic<qsizetype> begun = 0;
