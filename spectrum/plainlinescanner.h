@@ -105,10 +105,14 @@ private:
             return {};
         if ((accept(u'e') || accept(u'E')) && !takeExponent(exponent))
             return {};
-        if (next != end && *next != lineFeed && !isSeparator(*next))
+        const char16_t following = upcoming();
+        if (following != lineFeed && !isSeparator(following))
             return {};
         return value(negative, digits, exponent);
     }
+
+    /// The character that is read next; behind the last one stands a line feed.
+    [[nodiscard]] char16_t upcoming() const { return atEnd() ? lineFeed : *next; }
 
     bool accept(char16_t c)
     {
@@ -120,10 +124,9 @@ private:
     /// Whether a minus was taken; a plus is taken too and changes nothing.
     bool acceptSign()
     {
-        const bool negative = accept(u'-');
-        if (!negative)
-            accept(u'+');
-        return negative;
+        const char16_t c = upcoming();
+        next += c == u'-' || c == u'+' ? 1 : 0;
+        return c == u'-';
     }
 
     /// Appends the digits up to the next other character to @p digits, and returns their number.
