@@ -52,7 +52,6 @@ OtherLineMarks::OtherLineMarks(QPlainTextEdit* pointList)
     , list(pointList)
 {
     list->viewport()->installEventFilter(this);
-    connect(list->document(), &QTextDocument::contentsChanged, this, [this] { textIsNew = true; });
 }
 
 bool OtherLineMarks::eventFilter(QObject* watched, QEvent* event)
@@ -63,8 +62,21 @@ bool OtherLineMarks::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
+void OtherLineMarks::watchDocument()
+{
+    const QTextDocument* document = list->document();
+    if (document == watchedDocument)
+        return;
+    if (watchedDocument)
+        disconnect(watchedDocument, nullptr, this, nullptr);
+    watchedDocument = document;
+    textIsNew = true;
+    connect(document, &QTextDocument::contentsChanged, this, [this] { textIsNew = true; });
+}
+
 void OtherLineMarks::markWhatIsSeen()
 {
+    watchDocument();
     const QTextBlock first = list->cursorForPosition(QPoint(0, 0)).block();
     const QTextBlock last =
         list->cursorForPosition(QPoint(0, list->viewport()->height() - 1)).block();

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QRgb>
+#include <QTextDocument>
 
 class QPlainTextEdit;
 
@@ -32,9 +34,11 @@ private:
         bool operator==(const Seen&) const = default;
     };
 
+    void watchDocument();
     void markWhatIsSeen();
 
     QPlainTextEdit* list;
+    QPointer<const QTextDocument> watchedDocument;
     Seen marked;
     bool textIsNew = true;
 };

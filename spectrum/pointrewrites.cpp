@@ -5,10 +5,9 @@
 
 #include "spectrum/pointlines.h"
 
+#include <QPlainTextDocumentLayout>
 #include <QPlainTextEdit>
-#include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSignalBlocker>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -23,20 +22,87 @@ QTextBlock blockOf(const QTextDocument& document, qsizetype line)
     return document.findBlockByNumber(static_cast<int>(std::min<qsizetype>(line, last)));
 }
 
-/// Replaces everything in one step that no later typing is merged with.
-void replaceAll(QTextDocument& document, const QString& text)
+/// A document for a point list, with a text that undoing does not take out of it.
+std::unique_ptr<QTextDocument> documentWith(const QString& text, const QFont& font)
 {
-    QTextCursor cursor(&document);
-    cursor.beginEditBlock();
-    cursor.select(QTextCursor::Document);
-    cursor.insertText(text);
-    cursor.endEditBlock();
-    // What is typed at the end of the text would belong to the step, but for this: nothing is
-    // merged with the state that a document says is its unmodified one.
-    document.setModified(false);
+    auto document = std::make_unique<QTextDocument>();
+    document->setDocumentLayout(new QPlainTextDocumentLayout(document.get()));
+    document->setDefaultFont(font);
+    document->setUndoRedoEnabled(false);
+    document->setPlainText(text);
+    document->setUndoRedoEnabled(true);
+    return document;
 }
 
 } // namespace
+
+/// The step between two documents of the list, as each of them has it among its own: the older one
+/// as its last, the newer one as its first. The step in the document that is shown owns the other
+/// document; so what can no longer be reached goes with the step that led there.
+class PointRewrites::Crossing : public QAbstractUndoItem
+{
+public:
+    /// Takes the step from the document that is shown to @p newer.
+    static void take(PointRewrites& rewrites, std::unique_ptr<QTextDocument> newer,
+                     const View& before, const View& after)
+    {
+        QTextDocument& older = *rewrites.list->document();
+        auto forth = std::make_unique<Crossing>(rewrites, after);
+        auto back = std::make_unique<Crossing>(rewrites, before);
+        forth->other = back.get();
+        back->other = forth.get();
+        back->countAsKept(older);
+        Crossing& taken = *back;
+        newer->appendUndoItem(back.release());
+        older.appendUndoItem(forth.release());
+        taken.hidden = rewrites.exchange(std::move(newer));
+        rewrites.announce(after);
+    }
+
+    Crossing(PointRewrites& pointRewrites, const View& viewOfTheOther)
+        : rewrites(pointRewrites)
+        , view(viewOfTheOther)
+        , kept(pointRewrites.kept)
+    {}
+
+    ~Crossing() override
+    {
+        kept->lines -= amount.lines;
+        kept->characters -= amount.characters;
+    }
+
+    Q_DISABLE_COPY_MOVE(Crossing)
+
+    void undo() override { cross(&QTextDocument::undo); }
+    void redo() override { cross(&QTextDocument::redo); }
+
+private:
+    void countAsKept(const QTextDocument& document)
+    {
+        amount = {document.blockCount(), document.characterCount()};
+        kept->lines += amount.lines;
+        kept->characters += amount.characters;
+    }
+
+    /// Shows the other document, where the step is taken, too: with nothing to show in its turn.
+    void cross(void (QTextDocument::*step)())
+    {
+        if (!hidden)
+            return;
+        QTextDocument& shown = *hidden;
+        std::unique_ptr<QTextDocument> left = rewrites.exchange(std::move(hidden));
+        (shown.*step)();
+        other->hidden = std::move(left);
+        rewrites.announce(view);
+    }
+
+    PointRewrites& rewrites;
+    View view; ///< Of the other document.
+    std::shared_ptr<Amount> kept;
+    Amount amount; ///< What of it is the older document's.
+    Crossing* other = nullptr;
+    std::unique_ptr<QTextDocument> hidden;
+};
 
 PointRewrites& PointRewrites::of(QPlainTextEdit& list)
 {
@@ -47,10 +113,8 @@ PointRewrites& PointRewrites::of(QPlainTextEdit& list)
 PointRewrites::PointRewrites(QPlainTextEdit* pointList)
     : QObject(pointList)
     , list(pointList)
-    , lastUndoSteps(undoSteps())
-{
-    connect(list, &QPlainTextEdit::textChanged, this, &PointRewrites::followUndoing);
-}
+    , kept(std::make_shared<Amount>())
+{}
 
 void PointRewrites::replaceText(const QString& text)
 {
@@ -59,31 +123,21 @@ void PointRewrites::replaceText(const QString& text)
         Q_EMIT list->textChanged();
         return;
     }
-    makeRoom(before, text);
-
-    Step step;
-    step.stepsBefore = undoSteps();
-    step.before = view();
-    step.after = step.before;
+    const View viewBefore = view();
+    View viewAfter = viewBefore;
     const QList<qsizetype> lines = PointLines::counterparts(
-        before, {step.before.anchor.line, step.before.position.line, step.before.top}, text);
-    step.after.anchor.line = lines.at(0);
-    step.after.position.line = lines.at(1);
-    step.after.top = lines.at(2);
-    {
-        const QScopedValueRollback<bool> replacingNow(replacing, true);
-        replaceAll(*list->document(), text);
+        before, {viewBefore.anchor.line, viewBefore.position.line, viewBefore.top}, text);
+    viewAfter.anchor.line = lines.at(0);
+    viewAfter.position.line = lines.at(1);
+    viewAfter.top = lines.at(2);
+    if (!list->isUndoRedoEnabled()) {
+        list->setPlainText(text);
+        show(viewAfter);
+        return;
     }
-    show(step.after);
-    step.stepsAfter = undoSteps();
-    steps.removeIf([&step](const Step& other) { return other.stepsAfter > step.stepsBefore; });
-    steps.append(step);
-    lastUndoSteps = step.stepsAfter;
-}
-
-int PointRewrites::undoSteps() const
-{
-    return list->document()->availableUndoSteps();
+    makeRoom();
+    Crossing::take(*this, documentWith(text, list->document()->defaultFont()), viewBefore,
+                   viewAfter);
 }
 
 PointRewrites::View PointRewrites::view() const
@@ -113,48 +167,39 @@ void PointRewrites::show(const View& view)
     list->verticalScrollBar()->setValue(blockOf(document, view.top).firstLineNumber());
 }
 
-void PointRewrites::showLater(const View& view)
+void PointRewrites::makeRoom()
 {
-    // In the middle of the undoing; the list moves its caret and its view at the end of it.
-    const int revision = list->document()->revision();
-    const auto showIfCurrent = [this, view, revision] {
-        if (list->document()->revision() == revision)
+    QTextDocument& document = *list->document();
+    if (kept->lines + document.blockCount() > mostKeptLines ||
+        kept->characters + document.characterCount() > mostKeptCharacters)
+        document.clearUndoRedoStacks();
+}
+
+std::unique_ptr<QTextDocument> PointRewrites::exchange(std::unique_ptr<QTextDocument> document)
+{
+    std::unique_ptr<QTextDocument> before(list->document());
+    before->setParent(nullptr); // else the list would delete it
+    list->setExtraSelections({});
+    document->documentLayout()->setPaintDevice(list->viewport());
+    if (document->defaultFont() != list->font())
+        document->setDefaultFont(list->font());
+    document->setParent(list);
+    list->setDocument(document.release());
+    // What was laid out in the document, more than its text and steps take, goes with its layout.
+    before->setDocumentLayout(new QPlainTextDocumentLayout(before.get()));
+    return before;
+}
+
+void PointRewrites::announce(const View& view)
+{
+    show(view);
+    // Undoing ends with the caret being scrolled to, wherever the view was.
+    const QTextDocument* document = list->document();
+    const int revision = document->revision();
+    const auto showIfCurrent = [this, view, document, revision] {
+        if (list->document() == document && document->revision() == revision)
             show(view);
     };
     QMetaObject::invokeMethod(this, showIfCurrent, Qt::QueuedConnection);
-}
-
-void PointRewrites::makeRoom(const QString& before, const QString& after)
-{
-    const auto stepsOf = [](const QString& text) { return 2 * (text.count(u'\n') + 1); };
-    if (undoSteps() + stepsOf(before) + stepsOf(after) > mostUndoSteps)
-        list->document()->clearUndoRedoStacks();
-
-    // A document that can undo keeps the characters of all texts that it ever had, even of those
-    // that it can no longer bring back, until it gets a new one.
-    constexpr qsizetype mostCharacters = 16'000'000;
-    keptCharacters += before.size();
-    if (keptCharacters <= mostCharacters)
-        return;
-    const View current = view();
-    const QSignalBlocker blocker(list);
-    list->setPlainText(before);
-    show(current);
-    keptCharacters = 0;
-}
-
-void PointRewrites::followUndoing()
-{
-    if (replacing)
-        return;
-    const int now = undoSteps();
-    if (!list->document()->isRedoAvailable())
-        steps.removeIf([now](const Step& step) { return step.stepsAfter > now; });
-    for (const Step& step : std::as_const(steps)) {
-        if (lastUndoSteps == step.stepsAfter && now == step.stepsBefore)
-            showLater(step.before);
-        else if (lastUndoSteps == step.stepsBefore && now == step.stepsAfter)
-            showLater(step.after);
-    }
-    lastUndoSteps = now;
+    Q_EMIT list->textChanged();
 }

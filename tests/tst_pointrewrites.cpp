@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -260,13 +261,83 @@ private Q_SLOTS:
         const QString one = u"1 2\n"_s.repeated(60'000);
         const QString other = u"3 4\n"_s.repeated(60'000);
         PointRewrites& rewrites = PointRewrites::of(list);
-        for (int i = 0; i < 7; ++i) {
+        for (int i = 0; i < 9; ++i)
             rewrites.replaceText(i % 2 == 0 ? one : other);
-            QVERIFY(list.document()->availableUndoSteps() <= PointRewrites::mostUndoSteps);
-            QVERIFY(list.document()->availableUndoSteps() > 0);
+        qsizetype broughtBack = 0;
+        while (list.document()->isUndoAvailable()) {
+            list.undo();
+            QVERIFY(list.toPlainText() == (broughtBack / 60'001 % 2 == 0 ? other : one));
+            broughtBack += list.blockCount();
         }
+        QVERIFY(broughtBack > 0);
+        QVERIFY(broughtBack <= PointRewrites::mostKeptLines);
+    }
+
+    void whatWasTakenBackMakesRoomForMore()
+    {
+        QPlainTextEdit list;
+        PointRewrites& rewrites = PointRewrites::of(list);
+        list.setPlainText(u"1 2\n"_s.repeated(60'000));
+        for (int i = 0; i < 9; ++i) {
+            rewrites.replaceText(u"3 %1"_s.arg(i));
+            list.undo();
+        }
+        rewrites.replaceText(u"5 6"_s);
         list.undo();
-        QVERIFY(list.toPlainText() == other);
+        QVERIFY(!list.document()->isUndoAvailable());
+        QCOMPARE(list.blockCount(), 60'001);
+    }
+
+    void whatCanNoLongerBeReachedIsNotKept()
+    {
+        QPlainTextEdit list;
+        PointRewrites& rewrites = PointRewrites::of(list);
+        list.setPlainText(u"1 2"_s);
+        rewrites.replaceText(u"3 4"_s);
+        const QPointer<QTextDocument> undone = list.document();
+        list.undo();
+        QVERIFY(undone);
+        QTest::keyClick(&list, Qt::Key_5);
+        QVERIFY(!undone);
+        QVERIFY(!list.document()->isRedoAvailable());
+
+        const QPointer<QTextDocument> replaced = list.document();
+        rewrites.replaceText(u"5 6"_s);
+        QVERIFY(replaced);
+        list.setPlainText(u"7 8"_s);
+        QVERIFY(!replaced);
+        QVERIFY(!list.document()->isUndoAvailable());
+    }
+
+    void listWithoutUndoingIsReplacedAllTheSame()
+    {
+        QPlainTextEdit list;
+        list.setUndoRedoEnabled(false);
+        list.setPlainText(u"1 2"_s);
+        const QSignalSpy announced(&list, &QPlainTextEdit::textChanged);
+        PointRewrites::of(list).replaceText(u"3 4"_s);
+        QCOMPARE(list.toPlainText(), u"3 4"_s);
+        QCOMPARE(announced.count(), 1);
+        list.undo();
+        QCOMPARE(list.toPlainText(), u"3 4"_s);
+    }
+
+    void textComesBackInTheFontOfTheDay()
+    {
+        const auto* window = show();
+        auto* list = pointEditor(*window);
+        setPoints(*window, u"1,5 2"_s);
+        click(*window, "buttonCommaToDot");
+        QFont larger = list->font();
+        larger.setPointSize(larger.pointSize() + 8);
+        list->setFont(larger);
+        const int height = list->cursorRect().height();
+        undo(*window);
+        QCOMPARE(textOf(*window), u"1,5 2"_s);
+        QCOMPARE(list->cursorRect().height(), height);
+        QTest::keyClick(list, Qt::Key_End);
+        QTest::keyClick(list, Qt::Key_Backspace);
+        QCOMPARE(textOf(*window), u"1,5 "_s);
     }
 
     void longestTextCanBeTakenBackOnce()
