@@ -128,8 +128,9 @@ private:
         open('[');
         bool isEmpty = true;
         while (!isNext(']')) {
-            if (!takeSeparator(isEmpty))
+            if (!isEmpty && !isNext(','))
                 return false;
+            beginElement(isEmpty);
             isEmpty = false;
             if (!takeValue())
                 return false;
@@ -143,12 +144,15 @@ private:
     [[nodiscard]] bool takeObject(bool isFile)
     {
         open('{');
-        QByteArrayView last;
+        QByteArrayView last; // empty before the first, as no key is
         bool isEmpty = true;
         while (!isNext('}')) {
             const qsizetype before = output.length();
             QByteArrayView key;
-            if (!takeSeparator(isEmpty) || !takeKey(key) || key <= last)
+            if (!last.isEmpty() && !isNext(','))
+                return false;
+            beginElement(isEmpty);
+            if (!takeKey(key) || key <= last)
                 return false;
             const char* const value = position;
             if (!takeValue())
@@ -165,18 +169,15 @@ private:
         return true;
     }
 
-    /// Between two elements or members, and before the first that is written.
-    [[nodiscard]] bool takeSeparator(bool isFirst)
+    /// Goes to the next element or member, and writes what stands before it.
+    void beginElement(bool isFirst)
     {
+        skipBlanks();
         if (!isFirst) {
-            if (!isNext(','))
-                return false;
             output.append(',');
             endLine();
         }
         beginLine();
-        skipBlanks();
-        return true;
     }
 
     /// A key of ASCII characters, whose order is that of the bytes, with the colon behind it.

@@ -133,6 +133,8 @@ private Q_SLOTS:
         for (int round = 0; round < 100'000; ++round) {
             QByteArray file =
                 entry(round % 2 == 0 ? "[1,{\"A\":\"x\",\"B\":-2.5},true]" : "\"xx\"");
+            if (round % 3 == 0)
+                file = R"({"Type":"Species v1","a":{"b":1}})";
             const qsizetype place = qsizetype(random() % file.size());
             file.replace(place, qsizetype(random() % 4), randomText(random, marks));
             const auto format = formats.at(random() % 2);
@@ -159,6 +161,9 @@ private Q_SLOTS:
         add("type is no text", R"({"Species":{},"Type":1})");
         add("array", "[" + entry("1") + "]");
         add("keys in another order", R"({"Type":"Species v1","Species":{}})");
+        add("no comma behind the type", R"({"Type":"Species v1" "a":1})");
+        add("comma before all", R"({,"Type":"Species v1"})");
+        add("comma behind all", R"({"Type":"Species v1",})");
         add("key twice", entry(R"({"A":1,"A":2})"));
         add("key with an escape", entry("{\"\\u0041\":1}"));
         add("key that is not ASCII", entry("{\"ä\":1}"));
@@ -170,6 +175,21 @@ private Q_SLOTS:
         add("too large a number", entry("1e999"));
         add("no number", entry("1-2"));
         add("deep", entry(QByteArray(100, '[') + QByteArray(100, ']')));
+    }
+
+    void typeMayStandAnywhere_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::newRow("first") << QByteArray(R"({"Type":"Species v1","a":1,"b":[]})");
+        QTest::newRow("in the middle") << QByteArray(R"({"Species":{},"Type":"Species v1","a":1})");
+        QTest::newRow("last") << QByteArray(R"({"Species":{},"Type":"Species v1"})");
+        QTest::newRow("alone") << QByteArray(R"({"Type":"Species v1"})");
+    }
+    void typeMayStandAnywhere()
+    {
+        QFETCH(const QByteArray, file);
+        for (const auto format : formats)
+            QCOMPARE(copied(file, format), byToolkit(file, format));
     }
 
     void unusualFilesAreLeftAlone()
