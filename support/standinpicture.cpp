@@ -3,6 +3,8 @@
 
 #include "support/standinpicture.h"
 
+#include <QRandomGenerator>
+
 #include <cstddef>
 #include <cstring>
 
@@ -10,8 +12,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1StringView marksPrefix("marks:");
-constexpr QLatin1StringView restPrefix("rest:");
+/// Names are of this run of the program only: a text from elsewhere that guessed them would bring
+/// in what nobody has looked through.
+QString prefixed(QLatin1StringView kind)
+{
+    static const quint64 run = QRandomGenerator::system()->generate64();
+    return kind + u':' + QString::number(run, 36) + u':';
+}
+
+const QString& marksPrefix()
+{
+    static const QString prefix = prefixed("marks"_L1);
+    return prefix;
+}
+
+const QString& restPrefix()
+{
+    static const QString prefix = prefixed("rest"_L1);
+    return prefix;
+}
 
 QString pictureNamed(const QString& name)
 {
@@ -41,24 +60,24 @@ namespace StandInPicture {
 
 QString ofMarks(const QString& marks)
 {
-    return pictureNamed(marksPrefix + marks);
+    return pictureNamed(marksPrefix() + marks);
 }
 
 QString ofRest(QStringView text)
 {
-    return pictureNamed(restPrefix + QString::fromLatin1(packed(text)));
+    return pictureNamed(restPrefix() + QString::fromLatin1(packed(text)));
 }
 
 QString textOf(const QString& name)
 {
     if (isOfRest(name))
-        return unpacked(QStringView(name).sliced(restPrefix.size()));
-    return name.startsWith(marksPrefix) ? name.sliced(marksPrefix.size()) : QString();
+        return unpacked(QStringView(name).sliced(restPrefix().size()));
+    return name.startsWith(marksPrefix()) ? name.sliced(marksPrefix().size()) : QString();
 }
 
 bool isOfRest(const QString& name)
 {
-    return name.startsWith(restPrefix);
+    return name.startsWith(restPrefix());
 }
 
 } // namespace StandInPicture

@@ -428,6 +428,22 @@ private Q_SLOTS:
         QVERIFY(document.toPlainText().size() < 100);
     }
 
+    void foreignPictureStandsForNothing_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("any") << u"picture.png"_s;
+        QTest::newRow("rest of a text") << u"rest:PHNjcmlwdD4="_s;
+        QTest::newRow("rest of a text, with a number") << u"rest:1z141z3:YQBiAA=="_s;
+        QTest::newRow("marks") << u"marks:abc"_s;
+        QTest::newRow("marks, with a number") << u"marks:1z141z3:abc"_s;
+    }
+    void foreignPictureStandsForNothing()
+    {
+        QFETCH(const QString, name);
+        QCOMPARE(throughTheReader(u"x<img src=\"%1\">y"_s.arg(name)),
+                 throughTheReader(u"x<img>y"_s));
+    }
+
     void restOfAnEndlessTextComesBackButIsNotLaidOut_data()
     {
         QTest::addColumn<QString>("text");
