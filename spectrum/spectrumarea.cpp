@@ -9,25 +9,50 @@
 #include "spectrum/spectrumwatch.h"
 #include "spectrum/spectrumwindow.h"
 
+#include <QAbstractScrollArea>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGraphicsView>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollArea>
+#include <QSignalBlocker>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
 
-/// The toolkit looks through all events that wait before it adds one, and new windows make
-/// hundreds. Nothing else is delivered: an answer from the network has no business in a half-opened
-/// entry.
-void deliverLayouts()
+constexpr std::array layoutEvents{QEvent::PolishRequest, QEvent::UpdateLater,
+                                  QEvent::LayoutRequest};
+
+/// Does at once, for a spectrum that is shown in the area whose updates are disabled, what the
+/// toolkit would do soon. It looks through all events that wait before it adds one, a new window
+/// makes hundreds, and each that is delivered by itself leaves its place in the queue until the
+/// program is idle; those that are taken back do not. Nothing else is delivered: an answer from the
+/// network has no business in a half-opened entry.
+void settle(SpectrumWindow& window)
 {
-    for (const QEvent::Type type :
-         {QEvent::ChildPolished, QEvent::PolishRequest, QEvent::LayoutRequest, QEvent::UpdateLater,
-          QEvent::UpdateRequest})
-        QCoreApplication::sendPostedEvents(nullptr, type);
+    // Showing has polished everything, and enabling the updates paints everything.
+    for (const QEvent::Type type : layoutEvents)
+        QCoreApplication::removePostedEvents(nullptr, type);
+    auto widgets = window.findChildren<QWidget*>();
+    widgets << &window << window.parentWidget();
+    for (QWidget* widget : std::as_const(widgets)) {
+        if (widget->layout() == nullptr && qobject_cast<QScrollArea*>(widget) == nullptr)
+            continue;
+        QEvent layoutRequest(QEvent::LayoutRequest);
+        QCoreApplication::sendEvent(widget, &layoutRequest);
+    }
+    for (QWidget* widget : std::as_const(widgets)) {
+        // Whether scroll bars are needed, and what is new in the scene of the chart.
+        if (qobject_cast<QAbstractScrollArea*>(widget) != nullptr)
+            QCoreApplication::sendPostedEvents(widget, QEvent::MetaCall);
+        if (const auto* view = qobject_cast<QGraphicsView*>(widget))
+            QCoreApplication::sendPostedEvents(view->scene(), QEvent::MetaCall);
+    }
 }
 
 } // namespace
@@ -41,10 +66,10 @@ SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
 
 void SpectrumArea::add(SpectrumWindow* window)
 {
-    window->setWindowTitle(addWithoutTitle(window));
+    window->setWindowTitle(addWithoutTitle(window, false));
 }
 
-QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
+QString SpectrumArea::addWithoutTitle(SpectrumWindow* window, bool quietly)
 {
     QString windowTitle = window->windowTitle();
     window->setWindowTitle({});
@@ -62,24 +87,32 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window)
     };
     QObject::connect(window, &QWidget::windowTitleChanged, subWindow, setCaption);
     tabs->follow(subWindow); // behind the caption, which the area puts on the tab
-    window->show();
+    {
+        // Each that is activated makes the area deactivate all others.
+        const QSignalBlocker withoutArea(quietly ? subWindow : nullptr);
+        window->show();
+    }
     return windowTitle;
 }
 
 void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
 {
     area.setUpdatesEnabled(false);
-    const SpectrumTabs::Many manyTabs(*tabs);
+    SpectrumTabs::Many manyTabs(*tabs);
+    for (const QEvent::Type type : layoutEvents)
+        QCoreApplication::sendPostedEvents(nullptr, type);
     QList<std::pair<SpectrumWindow*, QString>> titles;
     for (const QJsonObject& dataset : datasets) {
         auto* window = new SpectrumWindow(dataset, document);
-        titles.append({window, addWithoutTitle(window)});
+        // The first is to fill the area; the activation of the last ends that of those between.
+        const qsizetype number = titles.size() + 1;
+        titles.append({window, addWithoutTitle(window, number > 1 && number < datasets.size())});
+        manyTabs.hideAllButCurrent();
         // The first one fills the area; all others need not do so only to be covered by the next.
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-        constexpr int mostWaiting = 32; // windows
-        if (titles.size() % mostWaiting == 0)
-            deliverLayouts();
+        settle(*window);
     }
+    manyTabs.showTabs();
     area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
     showFirst();
     for (const auto& [window, title] : std::as_const(titles))
@@ -140,5 +173,14 @@ void SpectrumArea::closeAll()
     for (SpectrumWindow* spectrum : spectra)
         closedSpectra->unfollow(spectrum);
     closedSpectra->forget();
-    area.closeAllSubWindows();
+    // Each that goes has the next one activated, which nobody is to see.
+    area.setUpdatesEnabled(false);
+    {
+        SpectrumTabs::Many manyTabs(*tabs);
+        manyTabs.hideAllButCurrent();
+        area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+        area.closeAllSubWindows();
+        area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
+    }
+    area.setUpdatesEnabled(true);
 }

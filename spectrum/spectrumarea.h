@@ -48,8 +48,9 @@ public:
 private:
     [[nodiscard]] QList<SpectrumWindow*> all() const;
     /// Adds the window, takes its title away and returns it: a sub-window measures its title again
-    /// and again until it is shown.
-    [[nodiscard]] QString addWithoutTitle(SpectrumWindow* window);
+    /// and again until it is shown. The area does not learn of the activation of one that is added
+    /// quietly.
+    [[nodiscard]] QString addWithoutTitle(SpectrumWindow* window, bool quietly);
     void showFirst();
 
     QMdiArea& area;

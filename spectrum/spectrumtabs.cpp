@@ -45,16 +45,43 @@ SpectrumTabs::SpectrumTabs(QMdiArea* mdiArea)
 }
 
 SpectrumTabs::Many::Many(const SpectrumTabs& tabs)
-    : bar(*tabs.bar)
+    : area(*tabs.area)
+    , bar(*tabs.bar)
+    , hadFocus(bar.hasFocus())
 {
-    // The focus would go on to a field, which counts as edited when it is left.
-    if (!bar.hasFocus())
-        bar.hide();
+    // By itself the focus would go on to a field, which counts as edited when it is left.
+    if (hadFocus)
+        area.setFocus();
+    bar.hide();
+}
+
+void SpectrumTabs::Many::hideAllButCurrent()
+{
+    // From the back: when this is done for each that is added, the others are hidden already.
+    for (int tab = bar.count() - 1; tab >= 0; --tab) {
+        if (tab == bar.currentIndex()) // hiding that one would activate another
+            continue;
+        if (!bar.isTabVisible(tab))
+            break;
+        bar.setTabVisible(tab, false);
+    }
+}
+
+void SpectrumTabs::Many::showTabs()
+{
+    for (int tab = 0; tab < bar.count(); ++tab) {
+        // The toolkit takes a tab that is seen already for a sign that nothing has changed.
+        if (!bar.isTabVisible(tab))
+            bar.setTabVisible(tab, true);
+    }
 }
 
 SpectrumTabs::Many::~Many()
 {
+    showTabs();
     bar.show();
+    if (hadFocus && area.hasFocus())
+        bar.setFocus();
 }
 
 void SpectrumTabs::addKeys()

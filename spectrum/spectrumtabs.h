@@ -24,7 +24,7 @@ public:
     explicit SpectrumTabs(QMdiArea* area);
 
     /// While one exists, tabs come and go unseen. The toolkit lays all of them out each time that
-    /// one of those that are seen changes.
+    /// one of those that are seen changes. A bar with the focus lends it to the area.
     class Many
     {
     public:
@@ -32,8 +32,17 @@ public:
         ~Many();
         Q_DISABLE_COPY_MOVE(Many)
 
+        /// To be called again for each new tab: even unseen, the toolkit measures all tabs when
+        /// one comes, goes or is chosen, but for those that are hidden.
+        void hideAllButCurrent();
+
+        /// All tabs are there; now they are all to be seen.
+        void showTabs();
+
     private:
+        QMdiArea& area;
         QTabBar& bar;
+        bool hadFocus;
     };
 
     /// Shows the title of the spectrum in the area's child, now and whenever it changes.

@@ -12,8 +12,11 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QProxyStyle>
+#include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
+#include <QtCharts/QChartView>
 
 using namespace Qt::StringLiterals;
 using namespace TestSupport;
@@ -27,6 +30,20 @@ QList<QJsonObject> datasets(const QStringList& titles)
         all.append(datasetTitled(title));
     return all;
 }
+
+/// Counts how often tabs are measured.
+class CountingStyle : public QProxyStyle
+{
+public:
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
+                                         const QSize& size, const QWidget* widget) const override
+    {
+        measured += type == CT_TabBarTab ? 1 : 0;
+        return QProxyStyle::sizeFromContents(type, option, size, widget);
+    }
+
+    mutable qsizetype measured = 0;
+};
 
 } // namespace
 
@@ -133,6 +150,52 @@ private Q_SLOTS:
         QVERIFY(area->active() == nullptr);
     }
 
+    void manySpectraComeAndGoInStepWithTheirNumber()
+    {
+        CountingStyle style;
+        tabBar()->setStyle(&style);
+        tabBar()->setFocus(); // as in a window that was just opened
+        QSignalSpy activated(mdiArea, &QMdiArea::subWindowActivated);
+        constexpr qsizetype many = 60;
+        area->show(datasets(QStringList(many, u"one"_s)), document.get());
+        QVERIFY2(style.measured < 20 * many, QByteArray::number(style.measured).constData());
+        QVERIFY2(activated.size() <= 3, QByteArray::number(activated.size()).constData());
+        QVERIFY(tabBar()->isVisible());
+        for (int tab = 0; tab < tabBar()->count(); ++tab)
+            QVERIFY(tabBar()->isTabVisible(tab));
+
+        style.measured = 0;
+        area->closeAll();
+        QVERIFY2(style.measured < 20 * many, QByteArray::number(style.measured).constData());
+        tabBar()->setStyle(nullptr);
+    }
+
+    void allAreShownAndOneIsActive()
+    {
+        area->show(datasets(QStringList(5, u"one"_s)), document.get());
+        QCoreApplication::processEvents();
+        const QList<QMdiSubWindow*> subWindows = mdiArea->subWindowList();
+        for (const QMdiSubWindow* subWindow : subWindows) {
+            QVERIFY(subWindow->isVisible());
+            QVERIFY(subWindow->widget()->findChild<QWidget*>(u"textEditSpect"_s)->isVisible());
+            QCOMPARE(subWindow->windowState().testFlag(Qt::WindowActive),
+                     subWindow == subWindows.constFirst());
+            QCOMPARE(subWindow->isMaximized(), subWindow == subWindows.constFirst());
+        }
+        QCOMPARE(tabBar()->currentIndex(), 0);
+    }
+
+    void closingAllLaysOutNoOtherChart()
+    {
+        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        QSignalSpy laidOut(chartOf(1), &QChart::plotAreaChanged);
+        area->closeAll();
+        QCOMPARE(laidOut.size(), 0);
+        area->show(datasets({u"four"_s}), document.get());
+        QVERIFY(mdiArea->activeSubWindow()->isMaximized());
+        QVERIFY(mdiArea->updatesEnabled());
+    }
+
     void keysGoFromSpectrumToSpectrum()
     {
         area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
@@ -147,6 +210,13 @@ private Q_SLOTS:
     }
 
 private:
+    [[nodiscard]] QTabBar* tabBar() const { return mdiArea->findChild<QTabBar*>(); }
+
+    [[nodiscard]] QChart* chartOf(qsizetype number) const
+    {
+        return mdiArea->subWindowList().at(number)->findChild<QChartView*>()->chart();
+    }
+
     [[nodiscard]] QStringList recordedTitles() const
     {
         QStringList titles;

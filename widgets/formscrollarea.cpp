@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QPointer>
 #include <QScrollBar>
 
 FormScrollArea::FormScrollArea(QWidget* parent)
@@ -13,14 +14,22 @@ FormScrollArea::FormScrollArea(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget* /*old*/, QWidget* now) { showFocus(now); });
+    followFocus();
 }
 
-FormScrollArea::~FormScrollArea()
+void FormScrollArea::followFocus()
 {
-    // Fields that lose the focus while they are destroyed must not reach an area that is half gone.
-    qApp->disconnect(this);
+    // Once for all areas: each change of the focus would be told to every spectrum of an entry.
+    static QPointer<QObject> follower;
+    if (!follower.isNull())
+        return;
+    follower = new QObject(qApp);
+    connect(qApp, &QApplication::focusChanged, follower.data(), [](QWidget* /*old*/, QWidget* now) {
+        for (QWidget* around = now; around != nullptr; around = around->parentWidget()) {
+            if (auto* area = qobject_cast<FormScrollArea*>(around))
+                area->showFocus(now);
+        }
+    });
 }
 
 QSize FormScrollArea::minimumSizeHint() const
@@ -48,7 +57,7 @@ bool FormScrollArea::eventFilter(QObject* watched, QEvent* event)
     return isScrolled;
 }
 
-void FormScrollArea::showFocus(QWidget* focus)
+void FormScrollArea::showFocus(const QWidget* focus)
 {
     // What is clicked is in view already, and must not move away under the mouse.
     const bool isClicked = QApplication::mouseButtons() != Qt::NoButton;

@@ -13,7 +13,6 @@ class FormScrollArea : public QScrollArea
 
 public:
     explicit FormScrollArea(QWidget* parent = nullptr);
-    ~FormScrollArea() override;
 
     /// Some lines of some words; where the horizontal scroll bar is switched off, as wide as the
     /// form and a scroll bar.
@@ -26,5 +25,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showFocus(QWidget* focus);
+    static void followFocus();
+    void showFocus(const QWidget* focus);
 };
