@@ -6,8 +6,19 @@
 
 _korvela_entries_rules() {
     local -a rules
-    rules=(${(f)"$(_call_program rules korvela-entries check --rules 2> /dev/null | awk '/^[a-z]/ { print $1 }')"})
+    rules=(${(f)"$(_call_program rules korvela-entries check --rules 2> /dev/null |
+        awk '/^[a-z]/ { print $1 }')"})
     _values -s , rule $rules
+}
+
+_korvela_entries_commands() {
+    local -a commands
+    commands=(
+        'check:say what a curator would object to'
+        'compile:compile entries into one database file'
+        'export:write datasets for other programs'
+    )
+    _describe command commands
 }
 
 _korvela_entries() {
@@ -17,7 +28,7 @@ _korvela_entries() {
     _arguments -C \
         '(- *)'{-h,--help}'[show help]' \
         '(- *)'{-v,--version}'[show the version]' \
-        '1:command:((check\:"say what a curator would object to" compile\:"compile entries into one database file" export\:"write datasets for other programs"))' \
+        '1:command:_korvela_entries_commands' \
         '*::argument:->arguments'
     [[ $state == arguments ]] || return
     case $words[1] in
