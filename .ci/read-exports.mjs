@@ -80,6 +80,31 @@ async function checkCsv(datasets) {
   console.log(`CSV: ${datasets.length} datasets read by DuckDB`);
 }
 
+// With pandas and R, each told that comments begin with "#", as it does by default in R's read.table.
+function checkCsvElsewhere(datasets) {
+  const folder = path.join(work, 'csv');
+  const pandas = `import pandas, sys
+for file in sys.argv[1:]:
+    points = pandas.read_csv(file, comment="#")
+    print(",".join(points.columns), len(points), *map(repr, points["photon_energy_eV"].tolist()))`;
+  const r = `for (file in commandArgs(TRUE)) {
+    points <- read.table(file, header = TRUE, sep = ",")
+    cat(paste(names(points), collapse = ","), nrow(points), format(points$photon_energy_eV, digits = 15, trim = TRUE))
+    cat("\\n") }`;
+  const files = datasets.map((dataset) => path.join(folder, `${dataset.file}.csv`));
+  for (const [name, words] of [['pandas', ['/usr/bin/python3', '-c', pandas]], ['R', ['Rscript', '-e', r]]]) {
+    const lines = execFileSync(words[0], [...words.slice(1), ...files], { encoding: 'utf8' }).trim().split('\n');
+    assert.equal(lines.length, datasets.length);
+    datasets.forEach((dataset, i) => {
+      const [heading, count, ...energies] = lines[i].split(' ');
+      assert.equal(heading, 'photon_energy_eV,intensity');
+      assert.equal(Number(count), dataset.E.length);
+      assert.deepEqual(energies.map(Number), dataset.E);
+    });
+    console.log(`CSV: ${datasets.length} datasets read by ${name}`);
+  }
+}
+
 async function checkExampleLines(datasets) {
   const file = path.join(work, 'examples.jsonl');
   run('export', '--format', 'jsonl', '--output', file, examples);
@@ -131,5 +156,6 @@ async function checkMadeLines() {
 const datasets = exampleDatasets();
 checkJcamp(datasets);
 await checkCsv(datasets);
+checkCsvElsewhere(datasets);
 await checkExampleLines(datasets);
 await checkMadeLines();

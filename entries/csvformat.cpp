@@ -5,14 +5,23 @@
 #include "entries/plaintext.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A spreadsheet takes commas and semicolons in a comment for the ends of cells. What stands behind
+/// them must begin no formula, nor a quotation that would swallow the lines below.
+QString harmless(QString text)
+{
+    static const QRegularExpression beginning(u"([,;])(?=[\"'=+@-])"_s);
+    return text.replace(beginning, u"\\1 "_s);
+}
+
 void addComment(QByteArray& text, const char* name, const QString& value)
 {
-    const QString line = PlainText::inOneLine(value);
+    const QString line = harmless(PlainText::inOneLine(value));
     if (!line.isEmpty())
         text += QByteArray("# ") + name + ": " + line.toUtf8() + '\n';
 }

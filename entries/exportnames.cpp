@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -60,8 +61,12 @@ QString ExportNames::next(const QString& speciesName, int dataset)
     // With a number at its end no name is one of those that Windows keeps for devices.
     const QString name = inAscii(speciesName) + u'-' + QString::number(dataset);
     QString unique = name;
-    for (int i = 2; given.contains(unique.toLower()); ++i)
-        unique = name + u'-' + QString::number(i);
+    // Thousands of species may have the same name, or none.
+    int& number = lastNumbers[name.toLower()];
+    while (given.contains(unique.toLower())) {
+        number = std::max(number, 1) + 1;
+        unique = name + u'-' + QString::number(number);
+    }
     given.insert(unique.toLower());
     return unique + u'.' + suffix;
 }

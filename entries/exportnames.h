@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 
@@ -19,5 +20,6 @@ public:
 
 private:
     QString suffix;
-    QSet<QString> given; ///< In lower case.
+    QSet<QString> given;             ///< In lower case.
+    QHash<QString, int> lastNumbers; ///< Behind names that were given out before.
 };

@@ -44,6 +44,17 @@ private Q_SLOTS:
                 "photon_energy_eV,intensity\n12.5,-1\n12.6,1e-07\n12.75,1000.25\n"));
     }
 
+    /// A spreadsheet ends cells at commas and semicolons, in comments, too.
+    void commentsAreNoFormulasInSpreadsheets()
+    {
+        sandbox->write(u"water.json"_s,
+                       entry(u"1,2-\"x\",\"y"_s, u"=1+1<br>a,=1+1;@b;-c,+d, =e;\"f,g"_s));
+        QCOMPARE(exported(u"csv"_s, u"out"_s, {u"water.json"_s}).exitCode, 0);
+        const QByteArray text = sandbox->read(u"out/1-2-x-y-1.csv"_s);
+        QVERIFY(text.contains("\n# name: 1,2-\"x\", \"y\n"));
+        QVERIFY(text.contains("\n# comments: =1+1; a, =1+1; @b; -c, +d, =e; \"f,g\n"));
+    }
+
     void jcampHasCurvesAndPeaks()
     {
         QCOMPARE(exported(u"jcamp"_s, u"out"_s, {u"water.json"_s}).exitCode, 0);
@@ -179,6 +190,22 @@ private Q_SLOTS:
         sandbox->write(u"lower.json"_s, entry(u"wAtEr"_s));
         QCOMPARE(exported(u"csv"_s, u"out"_s, {u"water.json"_s, u"lower.json"_s}).exitCode, 0);
         QVERIFY(filesIn(u"out"_s).contains(u"wAtEr-1-2.csv"_s));
+    }
+
+    void manyOfOneNameAreNumbered()
+    {
+        QJsonObject database{{u"Type"_s, u"Database v1"_s}};
+        const QJsonObject unnamed = QJsonDocument::fromJson(entry(QString())).object();
+        constexpr int count = 300;
+        for (int i = 1; i <= count; ++i)
+            database.insert(u"Entry%1"_s.arg(i), unnamed);
+        sandbox->write(u"database.json"_s, QJsonDocument(database).toJson());
+        QCOMPARE(exported(u"csv"_s, u"out"_s, {u"database.json"_s}).exitCode, 0);
+        const QStringList names = filesIn(u"out"_s);
+        QCOMPARE(names.size(), 2 * count);
+        QVERIFY(names.contains(u"unnamed-1.csv"_s));
+        QVERIFY(names.contains(u"unnamed-1-2.csv"_s));
+        QVERIFY(names.contains(u"unnamed-2-300.csv"_s));
     }
 
     void lostPointsAreTold()
