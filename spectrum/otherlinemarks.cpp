@@ -67,7 +67,7 @@ void OtherLineMarks::watchDocument()
     const QTextDocument* document = list->document();
     if (document == watchedDocument)
         return;
-    if (watchedDocument)
+    if (!watchedDocument.isNull())
         disconnect(watchedDocument, nullptr, this, nullptr);
     watchedDocument = document;
     textIsNew = true;
