@@ -3,6 +3,8 @@
 
 #include "spectrum/spectrumcurve.h"
 
+#include "spectrum/coveredsegments.h"
+
 #include <QLineF>
 #include <QPaintEngine>
 #include <QPainter>
@@ -15,7 +17,7 @@ namespace {
 /// Segment by segment, as the toolkit draws series: its rasteriser takes time with the square of
 /// the edges that cross a row of pixels, as those of a noisy spectrum all do. Where there are no
 /// pixels, the line stays one.
-void draw(QPainter& painter, const QPolygonF& line)
+void draw(QPainter& painter, const QPolygonF& line, const QRectF& area)
 {
     if (painter.paintEngine()->type() != QPaintEngine::Raster) {
         painter.drawPolyline(line);
@@ -25,7 +27,11 @@ void draw(QPainter& painter, const QPolygonF& line)
     segments.reserve(line.size());
     for (qsizetype i = 1; i < line.size(); ++i)
         segments.append(QLineF(line.at(i - 1), line.at(i)));
-    painter.drawLines(segments);
+    // At most four in each column of pixels, unless the energies go back and forth.
+    constexpr qsizetype usual = 20'000;
+    const bool isTangled = segments.size() > usual;
+    painter.drawLines(isTangled ? withoutCovered(segments, area, painter.deviceTransform().m11())
+                                : segments);
 }
 
 } // namespace
@@ -70,5 +76,5 @@ void SpectrumCurve::paint(QPainter* painter, const QStyleOptionGraphicsItem* /*o
     painter->setClipRect(frame.area, Qt::IntersectClip);
     painter->setPen(pen);
     for (const QPolygonF& line : visibleLines(points, frame, columns, pen.widthF()))
-        draw(*painter, line);
+        draw(*painter, line, frame.area);
 }

@@ -156,9 +156,9 @@ QString withoutForeignTags(const QString& html)
     return keptUntil == 0 ? html : kept + QStringView(html).sliced(keptUntil);
 }
 
-QString forHtmlReader(const QString& html)
+QString forHtmlReader(const QString& html, int pieces)
 {
-    return HtmlReaderText::prepared(html);
+    return HtmlReaderText::prepared(html, pieces);
 }
 
 } // namespace CleanedHtml

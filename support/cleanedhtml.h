@@ -12,6 +12,10 @@ class QTextDocument;
 /// stays readable: a "<" or "&" that the user typed stands there as it is.
 namespace CleanedHtml {
 
+/// What is shown of breaks, tags and changes of writing, each of which is laid out by itself. Ten
+/// thousand lines are more than any note has.
+inline constexpr int mostPieces = 10'000;
+
 /// The cleaned HTML of a document. Each run of one character format and one line gets tags of its
 /// own; neighbouring runs are not merged.
 [[nodiscard]] QString fromDocument(const QTextDocument& document);
@@ -24,7 +28,8 @@ namespace CleanedHtml {
 /// that is not followed by a letter, "/", "!" or "?"; also one that no ">" ever follows) is
 /// escaped, because the reader would swallow the text behind it. Elements nested deeper than any
 /// text needs lose their tags, because the reader's time grows exponentially with nested tables and
-/// quadratically with others.
-[[nodiscard]] QString forHtmlReader(const QString& html);
+/// quadratically with others. What follows after @p pieces is one picture, from which
+/// fromDocument() has it.
+[[nodiscard]] QString forHtmlReader(const QString& html, int pieces = mostPieces);
 
 } // namespace CleanedHtml

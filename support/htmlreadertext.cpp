@@ -18,10 +18,6 @@ namespace {
 constexpr QLatin1StringView commentStart("<!--");
 constexpr QLatin1StringView commentEnd("-->");
 
-/// What a field shows of breaks, tags and changes of writing, each of which is laid out by itself.
-/// Ten thousand lines are more than any note has.
-constexpr int mostPieces = 10'000;
-
 /// Elements whose content is no text of the document. Up to their closing tag nothing is markup.
 constexpr std::array hiddenElements{"style"_L1, "script"_L1, "title"_L1};
 
@@ -34,8 +30,9 @@ bool canFollowTagOpening(QChar c)
 class Preparation
 {
 public:
-    Preparation(const QString& text, MarkupBudget::Limits limits)
+    Preparation(const QString& text, int most, MarkupBudget::Limits limits)
         : html(text)
+        , mostPieces(most)
         , budget(limits, text.size())
         , lastCommentEnd(html.lastIndexOf(commentEnd))
     {
@@ -203,6 +200,7 @@ private:
     }
 
     const QString& html;
+    int mostPieces;
     MarkupBudget budget;
     qsizetype lastCommentEnd;
     QString result;
@@ -220,13 +218,13 @@ private:
 
 namespace HtmlReaderText {
 
-QString prepared(const QString& html)
+QString prepared(const QString& html, int mostPieces)
 {
-    Preparation usual(html, MarkupBudget::Limits::Usual);
+    Preparation usual(html, mostPieces, MarkupBudget::Limits::Usual);
     QString text = usual.run();
     if (!usual.isOverspent())
         return text;
-    return Preparation(html, MarkupBudget::Limits::Strict).run();
+    return Preparation(html, mostPieces, MarkupBudget::Limits::Strict).run();
 }
 
 } // namespace HtmlReaderText

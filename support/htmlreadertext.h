@@ -10,6 +10,6 @@
 namespace HtmlReaderText {
 
 /// See CleanedHtml::forHtmlReader().
-[[nodiscard]] QString prepared(const QString& html);
+[[nodiscard]] QString prepared(const QString& html, int mostPieces);
 
 } // namespace HtmlReaderText

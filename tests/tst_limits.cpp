@@ -133,6 +133,22 @@ private Q_SLOTS:
         QCOMPARE(subWindow->windowTitle(), u"shorter"_s);
     }
 
+    void longCreationDateIsShownByItsBeginning()
+    {
+        open({u"one"_s});
+        const SpectrumWindow* spectrum = TestSupport::spectra(*window).constFirst();
+        auto* label = TestSupport::child<QLabel>(*spectrum, "labelCreated");
+        const QString thousand = u"2001-01-01"_s.repeated(100);
+        label->setText(thousand);
+        const int width = label->sizeHint().width();
+        label->setText(thousand.repeated(3000));
+        QCOMPARE(label->text().size(), 3'000'000);
+        QVERIFY2(label->sizeHint().width() < 2 * width,
+                 QByteArray::number(label->sizeHint().width()).constData());
+        QVERIFY(!label->grab(QRect(0, 0, 100, 20)).isNull());
+        QVERIFY2(mostMemory() < 700, QByteArray::number(mostMemory()).constData());
+    }
+
     void manyDatasetsOpenInBoundedMemory()
     {
         const int count = qEnvironmentVariableIsSet("KORVELA_DATASETS")

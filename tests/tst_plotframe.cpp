@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "spectrum/coveredsegments.h"
 #include "spectrum/plotframe.h"
 
 #include <QTest>
@@ -146,6 +147,27 @@ private Q_SLOTS:
         for (const QPointF& position : kept)
             enter(seen, position);
         QCOMPARE(seen, whole);
+    }
+
+    void coveredSegmentsAreLeftOut()
+    {
+        const QRectF area(0, 0, 100, 50);
+        const QLineF slope(0, 0, 100, 50);
+        const QLineF flat(0, 25, 100, 25);
+        const auto kept = [&area](const QList<QLineF>& segments, double scale = 1) {
+            return withoutCovered(segments, area, scale);
+        };
+        QCOMPARE(kept({}), QList<QLineF>());
+        QCOMPARE(kept({slope, flat, slope, flat}), QList<QLineF>({slope, flat}));
+        QCOMPARE(kept({flat, QLineF(20, 25, 40, 25), QLineF(70, 25.3, 10, 25.3)}),
+                 QList<QLineF>({flat}));
+        const QLineF nextRow(70, 26, 10, 26);
+        QCOMPARE(kept({flat, nextRow}), QList<QLineF>({flat, nextRow}));
+        const QLineF nextFineRow(70, 25.6, 10, 25.6);
+        QCOMPARE(kept({flat, nextFineRow}, 2), QList<QLineF>({flat, nextFineRow}));
+        const QLineF longer(30, 25, 100, 30);
+        QCOMPARE(kept({flat, longer}), QList<QLineF>({flat, longer}));
+        QCOMPARE(kept({QLineF(3, 3, 3, 3), QLineF(-9, -9, 999, 999)}).size(), 2);
     }
 
     void distanceIsToThePointOrToItsStick()

@@ -79,7 +79,10 @@ QString CleanTextEdit::cleanedHtml() const
 void CleanTextEdit::setCleanedHtml(const QString& html)
 {
     prepareWrappingFor(html);
-    setHtml(CleanedHtml::forHtmlReader(html));
+    // Nobody goes along one line for a thousand formulae, and a file can have thousands of lines.
+    constexpr int mostInLine = 2000;
+    const bool isLine = lineWrapMode() == QTextEdit::NoWrap;
+    setHtml(CleanedHtml::forHtmlReader(html, isLine ? mostInLine : CleanedHtml::mostPieces));
     // Not before: the old text, with its endless word, would be laid out once more.
     if (wordWrapMode() == QTextOption::WrapAnywhere && !hasEndlessWord(html))
         setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -9,8 +9,10 @@
 #include <QApplication>
 #include <QFile>
 #include <QTextStream>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
@@ -57,6 +59,12 @@ int use(const QString& path)
 {
     {
         const Sandbox sandbox; // for the settings
+        QTimer answers;        // to the boxes in which a file is refused
+        QObject::connect(&answers, &QTimer::timeout, &answers, [] {
+            if (QWidget* box = QApplication::activeModalWidget())
+                box->close();
+        });
+        answers.start(std::chrono::milliseconds(10));
         MainWindow window;
         window.show();
         QCoreApplication::processEvents();
