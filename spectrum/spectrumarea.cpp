@@ -10,6 +10,7 @@
 #include "spectrum/spectrumwindow.h"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsView>
@@ -28,6 +29,15 @@ namespace {
 constexpr std::array layoutEvents{QEvent::PolishRequest, QEvent::UpdateLater,
                                   QEvent::LayoutRequest};
 
+/// Lays a widget out if it has asked for that.
+void layOut(QWidget& widget)
+{
+    if (widget.layout() == nullptr && qobject_cast<QScrollArea*>(&widget) == nullptr)
+        return;
+    QEvent layoutRequest(QEvent::LayoutRequest);
+    QCoreApplication::sendEvent(&widget, &layoutRequest);
+}
+
 /// Does at once, for a spectrum that is shown in the area whose updates are disabled, what the
 /// toolkit would do soon. It looks through all events that wait before it adds one, a new window
 /// makes hundreds, and each that is delivered by itself leaves its place in the queue until the
@@ -40,12 +50,8 @@ void settle(SpectrumWindow& window)
         QCoreApplication::removePostedEvents(nullptr, type);
     auto widgets = window.findChildren<QWidget*>();
     widgets << &window << window.parentWidget();
-    for (QWidget* widget : std::as_const(widgets)) {
-        if (widget->layout() == nullptr && qobject_cast<QScrollArea*>(widget) == nullptr)
-            continue;
-        QEvent layoutRequest(QEvent::LayoutRequest);
-        QCoreApplication::sendEvent(widget, &layoutRequest);
-    }
+    for (QWidget* widget : std::as_const(widgets))
+        layOut(*widget);
     for (QWidget* widget : std::as_const(widgets)) {
         // Whether scroll bars are needed, and what is new in the scene of the chart.
         if (qobject_cast<QAbstractScrollArea*>(widget) != nullptr)
@@ -53,6 +59,18 @@ void settle(SpectrumWindow& window)
         if (const auto* view = qobject_cast<QGraphicsView*>(widget))
             QCoreApplication::sendPostedEvents(view->scene(), QEvent::MetaCall);
     }
+}
+
+/// The same for all that is no spectrum: its requests were taken back with the others, and it does
+/// not ask twice.
+void settleAround()
+{
+    QWidgetList widgets = QApplication::topLevelWidgets();
+    for (qsizetype i = 0; i < widgets.size(); ++i) {
+        if (qobject_cast<QMdiSubWindow*>(widgets.at(i)) == nullptr)
+            widgets += widgets.at(i)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    std::for_each(widgets.crbegin(), widgets.crend(), [](QWidget* widget) { layOut(*widget); });
 }
 
 } // namespace
@@ -112,6 +130,7 @@ void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
         settle(*window);
     }
+    settleAround();
     manyTabs.showTabs();
     area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
     showFirst();

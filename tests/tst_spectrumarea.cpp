@@ -7,6 +7,7 @@
 #include "tests/support/sandboxtest.h"
 #include "tests/support/testdocument.h"
 
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -105,6 +106,25 @@ private Q_SLOTS:
         QCOMPARE(area->records().size(), many);
         QCoreApplication::processEvents();
         QVERIFY(isAnswered);
+    }
+
+    void whatIsAroundIsLaidOutAgain()
+    {
+        auto* line = new QWidget(document.get());
+        auto* label = new QLabel(u"-"_s, line);
+        (new QHBoxLayout(line))->addWidget(label);
+        line->layout()->addWidget(new QLineEdit(line));
+        document->layout()->addWidget(line);
+        QCoreApplication::processEvents();
+        // As a status does, in the midst of the opening.
+        connect(mdiArea, &QMdiArea::subWindowActivated, label,
+                [label] { label->setText(u"Several words about the spectrum"_s); });
+        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        QCoreApplication::processEvents();
+        QVERIFY(label->width() >= label->sizeHint().width());
+        label->setText(u"Still more words, which take more than half of the line"_s);
+        QCoreApplication::processEvents();
+        QVERIFY(label->width() >= label->sizeHint().width());
     }
 
     void moreDatasetsComeBehindThoseThere()
