@@ -102,8 +102,8 @@ Source readSource(const QString& path, qsizetype index, QJsonDocument::JsonForma
     return {true, memberText(index, file, format)};
 }
 
-Assembly::Assembly(const Header& head, QJsonDocument::JsonFormat textFormat, Sink pieceSink)
-    : header(head)
+Assembly::Assembly(Header head, QJsonDocument::JsonFormat textFormat, Sink pieceSink)
+    : header(std::move(head))
     , format(textFormat)
     , sink(std::move(pieceSink))
 {

@@ -55,7 +55,7 @@ struct Source
 class Assembly
 {
 public:
-    Assembly(const Header& header, QJsonDocument::JsonFormat format, Sink sink);
+    Assembly(Header header, QJsonDocument::JsonFormat format, Sink sink);
 
     /// Adds a memberText(); they come in the order of orderInFile().
     void add(const QByteArray& member);

@@ -34,7 +34,9 @@ const QRegularExpression& prefix()
 bool isDoi(const QString& text)
 {
     // The registrants' numbers have four digits or more; what follows is the registrant's affair.
-    static const QRegularExpression form(u"^10\\.\\d{4,9}(?:\\.\\d+)*/[^\\s<>\"]+$"_s);
+    // Older ones name pages in angle brackets: "13:13<1234::AID-RCM622>3.0.CO;2-X".
+    static const QRegularExpression form(
+        u"^10\\.\\d{4,9}(?:\\.\\d+)*/(?:[^\\s<>\"]|<\\d+:[^\\s<>\"]*>)+$"_s);
     return form.match(QString(text).remove(prefix()).trimmed()).hasMatch();
 }
 

@@ -169,6 +169,8 @@ private Q_SLOTS:
         QTest::newRow("DOI with the resolver")
             << entryWith(u"Dataset1/DOI"_s, u"https://doi.org/10.1234/x(5)y"_s);
         QTest::newRow("two DOIs") << entryWith(u"Dataset1/DOI"_s, u"10.1234/x<br>10.1234/y"_s);
+        QTest::newRow("several DOIs")
+            << entryWith(u"Dataset1/DOI"_s, u"doi:10.1234/x, https://doi.org/10.1234/y"_s);
         QTest::newRow("six digits")
             << entryWithPoints({9.26421, 123456, 123457}, {1e-07, 123456e3, 0.00123456})
                    .replace("123456,", "1000.12,")
@@ -406,6 +408,9 @@ private:
 
     void addWrongTexts()
     {
+        add("DOI with pages in brackets, which are lost",
+            entryWith(u"Dataset1/DOI"_s, u"10.1002/(SICI)1097(1999)13:13<1234::AID-X>3.0.CO;2-X"_s),
+            u"foreign-tags /Dataset1/DOI"_s);
         add("DOI", entryWith(u"Dataset1/DOI"_s, u"10.1234"_s), u"doi /Dataset1/DOI"_s);
         add("no day", entryWith(u"Dataset1/CreatedDate"_s, u"21.11.2026"_s),
             u"created-date /Dataset1/CreatedDate"_s);
