@@ -64,6 +64,18 @@ class TestCleanTextEdit : public QObject
 private Q_SLOTS:
     void cleanup() { QGuiApplication::clipboard()->clear(); }
 
+    void emptyFieldStaysAsItWasMade()
+    {
+        CleanTextEdit untouched;
+        const int revision = untouched.document()->revision();
+        untouched.setCleanedHtml({});
+        QCOMPARE(untouched.document()->revision(), revision);
+        QCOMPARE(untouched.cleanedHtml(), QString());
+        untouched.setCleanedHtml(u"H<sub>2</sub>"_s);
+        untouched.setCleanedHtml({});
+        QCOMPARE(untouched.cleanedHtml(), QString());
+    }
+
     void contentIsAPropertyThatAnnouncesItsChanges()
     {
         const QMetaObject& meta = CleanTextEdit::staticMetaObject;

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMetaProperty>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QVBoxLayout>
@@ -86,6 +87,17 @@ private Q_SLOTS:
     {
         window.reset();
         QGuiApplication::clipboard()->clear();
+    }
+
+    void styleSheetIsNotKeptForWhatNobodySees()
+    {
+        auto* styled = new SingleLineTextEdit(window.get());
+        styled->show();
+        QVERIFY(styled->testAttribute(Qt::WA_StyleSheet));
+        for (const QScrollBar* bar : {styled->horizontalScrollBar(), styled->verticalScrollBar()}) {
+            QVERIFY(!bar->isVisible());
+            QVERIFY(!bar->parentWidget()->testAttribute(Qt::WA_StyleSheet));
+        }
     }
 
     void addsNothingToTheMetaObject()

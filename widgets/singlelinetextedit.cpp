@@ -9,6 +9,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <utility>
@@ -24,6 +25,8 @@ SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFrameStyle(0);
     setLineWrapMode(QTextEdit::NoWrap);
+    for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+        bar->parentWidget()->installEventFilter(this); // a container of the toolkit
     setStyleSheet(u"background-color: white; border: 1px solid gray; padding: 2px;"_s);
     setDarkText(*this);
     startHeight();
@@ -31,6 +34,14 @@ SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
         if (!currentHint.isEmpty())
             underline();
     });
+}
+
+bool SingleLineTextEdit::eventFilter(QObject* watched, QEvent* event)
+{
+    // A style sheet counts for children, too, and the toolkit keeps several kilobytes for each that
+    // is polished. Those around the scroll bars, which nobody ever sees here, do without.
+    const bool isPolished = event->type() == QEvent::Polish && watched != viewport();
+    return isPolished || CleanTextEdit::eventFilter(watched, event);
 }
 
 void SingleLineTextEdit::keyPressEvent(QKeyEvent* event)

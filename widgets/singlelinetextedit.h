@@ -19,6 +19,8 @@ public:
     void setHint(const QString& hint);
     [[nodiscard]] QString hint() const { return currentHint; }
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 protected:
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
