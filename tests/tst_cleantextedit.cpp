@@ -68,7 +68,9 @@ private Q_SLOTS:
     {
         CleanTextEdit untouched;
         const int revision = untouched.document()->revision();
+        const QSignalSpy announced(&untouched, &CleanTextEdit::cleanedHtmlChanged);
         untouched.setCleanedHtml({});
+        QCOMPARE(announced.count(), 1);
         QCOMPARE(untouched.document()->revision(), revision);
         QCOMPARE(untouched.cleanedHtml(), QString());
         untouched.setCleanedHtml(u"H<sub>2</sub>"_s);

@@ -79,8 +79,10 @@ QString CleanTextEdit::cleanedHtml() const
 void CleanTextEdit::setCleanedHtml(const QString& html)
 {
     // An empty document that never had a text is what it is to be; a new one takes kilobytes.
-    if (html.isEmpty() && document()->revision() == 0)
+    if (html.isEmpty() && document()->revision() == 0) {
+        Q_EMIT textChanged();
         return;
+    }
     prepareWrappingFor(html);
     // Nobody goes along one line for a thousand formulae, and a file can have thousands of lines.
     constexpr int mostInLine = 2000;
