@@ -364,6 +364,25 @@ private Q_SLOTS:
         QCOMPARE(int(form.field->document()->textWidth()), form.field->viewport()->width());
     }
 
+    void longTextThatCameUnseenIsLaidOutWhenItIsSeen()
+    {
+        const QString text = u"photoelectron "_s.repeated(100).trimmed();
+        Form form;
+        form.field->setCleanedHtml(text);
+        QVERIFY(!form.field->document()->isLayoutEnabled());
+        QCOMPARE(form.field->cleanedHtml(), text);
+        QVERIFY(form.show());
+        form.field->grab();
+        QVERIFY(form.field->document()->isLayoutEnabled());
+        Form other;
+        other.field->setCleanedHtml(text);
+        other.field->setCleanedHtml(u"short"_s);
+        QVERIFY(other.show());
+        const QImage shown = other.field->grab().toImage();
+        other.field->setCleanedHtml(u"short"_s);
+        QCOMPARE(other.field->grab().toImage(), shown);
+    }
+
     void longestWordsAreBrokenAnywhere_data()
     {
         QTest::addColumn<QString>("text");

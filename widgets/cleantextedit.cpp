@@ -23,6 +23,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Texts that are no longer than this are laid out at once.
+constexpr int fewCharacters = 100;
+
 /// Whether a word of the text, markup included, is longer than any word is, or very many are nearly
 /// as long. Tags other than line breaks do not end a word; blanks in them do not, either.
 bool hasEndlessWord(QStringView text)
@@ -84,7 +87,11 @@ void CleanTextEdit::setCleanedHtml(const QString& html)
         return;
     }
     prepareWrappingFor(html);
-    // Nobody goes along one line for a thousand formulae, and a file can have thousands of lines.
+    if (!isVisible() && html.size() > fewCharacters) {
+        document()->setLayoutEnabled(false);
+        waitsToBeSeen = true;
+    }
+    // Nobody goes along one line for hundreds of formulae, and a file can have thousands of lines.
     constexpr int mostInLine = 2000;
     const bool isLine = lineWrapMode() == QTextEdit::NoWrap;
     setHtml(CleanedHtml::forHtmlReader(html, isLine ? mostInLine : CleanedHtml::mostPieces));
@@ -144,21 +151,33 @@ void CleanTextEdit::insertFromMimeData(const QMimeData* source)
 
 void CleanTextEdit::paintEvent(QPaintEvent* event)
 {
-    if (waitsToBeSeen) {
-        waitsToBeSeen = false;
-        QResizeEvent resized(viewport()->size(), QSize());
-        QTextEdit::resizeEvent(&resized);
-    }
+    layOutNow();
     QTextEdit::paintEvent(event);
+}
+
+void CleanTextEdit::focusInEvent(QFocusEvent* event)
+{
+    layOutNow();
+    QTextEdit::focusInEvent(event);
 }
 
 void CleanTextEdit::resizeEvent(QResizeEvent* event)
 {
     // Windows that come many at a time get several sizes, and most of them are not seen for long.
-    constexpr int fewCharacters = 100;
-    waitsToBeSeen = !updatesEnabled() && document()->characterCount() > fewCharacters;
+    if (!updatesEnabled() && document()->characterCount() > fewCharacters)
+        waitsToBeSeen = true;
     if (!waitsToBeSeen)
         QTextEdit::resizeEvent(event);
+}
+
+void CleanTextEdit::layOutNow()
+{
+    if (!waitsToBeSeen)
+        return;
+    waitsToBeSeen = false;
+    document()->setLayoutEnabled(true);
+    QResizeEvent resized(viewport()->size(), QSize());
+    QTextEdit::resizeEvent(&resized);
 }
 
 void CleanTextEdit::prepareWrappingFor(const QString& text)

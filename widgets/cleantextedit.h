@@ -33,9 +33,13 @@ public:
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
+    void focusInEvent(QFocusEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+
+    /// Lays a long text out that came, or got its size, while nobody saw it.
+    void layOutNow();
 
 Q_SIGNALS:
     /// The text has changed.
@@ -47,5 +51,5 @@ private Q_SLOTS:
 private:
     void prepareWrappingFor(const QString& text);
 
-    bool waitsToBeSeen = false; ///< A long text is laid out for the size when it is painted first.
+    bool waitsToBeSeen = false; ///< Whether a long text is not laid out yet.
 };

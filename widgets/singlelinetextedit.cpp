@@ -120,6 +120,7 @@ void SingleLineTextEdit::adjustHeight()
 {
     // The frame and the padding of the style sheet take these pixels beside the document.
     constexpr int frameAndPadding = 5;
+    layOutNow();
     document()->adjustSize();
     setFixedHeight(static_cast<int>(document()->size().height()) + frameAndPadding);
 }

@@ -136,6 +136,33 @@ QByteArray expandingText(int megabytes)
     return species(svg("<text>" + QByteArray(megabytes * 1024 * 1024, 'a') + "</text>"));
 }
 
+QByteArray transforms(int count)
+{
+    return species(svg("<g transform=\"" + QByteArray("rotate(1) ").repeated(count) +
+                       "\"><circle r=\"400\"/></g>"));
+}
+
+QByteArray tinyViewBox(int count)
+{
+    return species("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"800\" height=\"800\" "
+                   "viewBox=\"0 0 1e-9 1e-9\">" +
+                   numbered("<circle cx=\"%\" r=\"9%\" stroke=\"red\" opacity=\"0.5\"/>", count) +
+                   "</svg>");
+}
+
+QByteArray spans(int count)
+{
+    return species(svg("<text>" + numbered("<tspan dy=\"1\">%</tspan>", count) + "</text>"));
+}
+
+QByteArray animations(int count)
+{
+    return species(
+        svg("<circle r=\"400\">" +
+            numbered("<animate attributeName=\"r\" values=\"1;2;%\" dur=\"9s\"/>", count) +
+            "</circle>"));
+}
+
 } // namespace
 
 namespace DearFiles {
@@ -157,6 +184,10 @@ const QList<Family>& drawings()
         {"drawing/claimed size", 5'000, claimedSize},
         {"drawing/nested groups", 20'000, nestedGroups},
         {"drawing/expanding text", 15, expandingText},
+        {"drawing/transforms", 1'000'000, transforms},
+        {"drawing/tiny view box", 20'000, tinyViewBox},
+        {"drawing/spans", 100'000, spans},
+        {"drawing/animations", 100'000, animations},
     };
     return all;
 }

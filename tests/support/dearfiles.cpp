@@ -9,7 +9,8 @@ namespace DearFiles {
 
 const QList<Family>& families()
 {
-    static const QList<Family> all = drawings() + pixelPictures() + texts();
+    static const QList<Family> all =
+        drawings() + pixelPictures() + texts() + writings() + documents();
     return all;
 }
 

@@ -19,10 +19,13 @@ struct Family
 
 [[nodiscard]] const QList<Family>& families();
 
-/// Those whose structure image is a drawing, those whose is made of pixels, and those without one.
+/// Those whose structure image is a drawing, those whose is made of pixels, and those without one:
+/// texts and amounts, texts of 3 MB of which every few characters are dear, and odd JSON.
 [[nodiscard]] const QList<Family>& drawings();
 [[nodiscard]] const QList<Family>& pixelPictures();
 [[nodiscard]] const QList<Family>& texts();
+[[nodiscard]] const QList<Family>& writings();
+[[nodiscard]] const QList<Family>& documents();
 
 /// A species file with this structure image and nothing else.
 [[nodiscard]] QByteArray speciesFileWithPicture(const QByteArray& picture);

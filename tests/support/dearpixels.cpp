@@ -139,6 +139,77 @@ QByteArray claimingPpm(int side)
     return DearFiles::speciesFileWithPicture("P6\n" + number + ' ' + number + "\n255\nabc");
 }
 
+QByteArray largeDeepPng(int side)
+{
+    return onePixelPng(side, QImage::Format_RGBA64);
+}
+
+QByteArray inFormat(int side, const char* format)
+{
+    QImage image(side, side, QImage::Format_RGB32);
+    image.fill(Qt::yellow);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return DearFiles::speciesFileWithPicture(bytes);
+}
+
+QByteArray bmp(int side)
+{
+    return inFormat(side, "BMP");
+}
+
+QByteArray xbm(int side)
+{
+    return inFormat(side, "XBM");
+}
+
+QByteArray largeJpeg(int side)
+{
+    return inFormat(side, "JPEG");
+}
+
+/// Of colours that all have a name of four letters.
+QByteArray xpmOfColours(int count)
+{
+    QByteArray bytes =
+        "/* XPM */\nstatic char *x[] = {\n\"1 1 " + QByteArray::number(count) + " 4\",\n";
+    for (int i = 0; i < count; ++i) {
+        const QByteArray number = QByteArray::number(i, 36).rightJustified(4, '0');
+        bytes += '"' + number + " c #" + number + "ff\",\n";
+    }
+    return DearFiles::speciesFileWithPicture(bytes + "\"0000\"};\n");
+}
+
+/// Numbers as text, in a picture that claims more of them.
+QByteArray numbersAsText(int count)
+{
+    return DearFiles::speciesFileWithPicture("P3\n6000 6000\n255\n" +
+                                             QByteArray("1 ").repeated(count));
+}
+
+QByteArray commentsInPpm(int count)
+{
+    return DearFiles::speciesFileWithPicture("P6\n" + QByteArray("#\n").repeated(count) + "1 1\n");
+}
+
+/// Small pictures one after the other, each of which claims to be the largest possible.
+QByteArray icons(int count)
+{
+    QByteArray bytes("\0\0\1\0", 4);
+    bytes += static_cast<char>(count % 256);
+    bytes += static_cast<char>(count / 256);
+    for (int i = 0; i < count; ++i)
+        bytes += QByteArray("\0\0\0\0\1\0\x20\0\xff\xff\xff\x7f\x16\0\0\0", 16);
+    return DearFiles::speciesFileWithPicture(bytes);
+}
+
+QByteArray unknownFormat(int size)
+{
+    return DearFiles::speciesFileWithPicture("II*\0RIFFWEBP" + QByteArray(size, '\xff'));
+}
+
 } // namespace
 
 namespace DearFiles {
@@ -164,10 +235,19 @@ const QList<Family>& pixelPictures()
         {"pixels/large PNG", 5'500, largePng},
         {"pixels/large bitmap", 30'000, largeBitmap},
         {"pixels/repeated scans", 500, repeatedScans},
-        {"pixels/as many scans as are read", 1'800, someScans},
-        {"pixels/frames", 1'000, gifOfManyFrames},
-        {"pixels/XPM", 1'000, xpm},
-        {"pixels/claiming PPM", 8'000, claimingPpm},
+        {"pixels/as many scans as are read", 2'900, someScans},
+        {"pixels/large deep PNG", 6'000, largeDeepPng},
+        {"pixels/large JPEG", 6'000, largeJpeg},
+        {"pixels/BMP", 840, bmp},
+        {"pixels/XBM", 1'800, xbm},
+        {"pixels/XPM", 1'450, xpm},
+        {"pixels/XPM of colours", 100'000, xpmOfColours},
+        {"pixels/claiming PPM", 6'000, claimingPpm},
+        {"pixels/numbers as text", 1'000'000, numbersAsText},
+        {"pixels/comments in PPM", 1'000'000, commentsInPpm},
+        {"pixels/frames", 100'000, gifOfManyFrames},
+        {"pixels/icons", 60'000, icons},
+        {"pixels/unknown format", 2'000'000, unknownFormat},
     };
     return all;
 }

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
+#include <QTextDocument>
 #include <QTextStream>
 #include <QTimer>
 
@@ -78,11 +79,27 @@ int use(const QString& path)
     return EXIT_SUCCESS;
 }
 
+/// Lays out ordinary text, which is what opening an entry consists of, too, but by the toolkit
+/// alone.
+int reference()
+{
+    constexpr int words = 100'000;
+    constexpr int width = 300; // pixels
+    QTextDocument text;
+    text.setPlainText(u"photoelectron "_s.repeated(words));
+    text.setTextWidth(width);
+    if (text.size().isEmpty())
+        return EXIT_FAILURE;
+    report();
+    return EXIT_SUCCESS;
+}
+
 } // namespace
 
 /// korvela-dearfiles: lists the families of dear files with the sizes they are tried with.
 /// korvela-dearfiles make family size file
 /// korvela-dearfiles use file: prints processor time (s) and most memory (MiB). Writes the file.
+/// korvela-dearfiles reference: the same for work that is always the same.
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
@@ -91,5 +108,7 @@ int main(int argc, char* argv[])
         return make(words.at(2).toUtf8(), words.at(3).toInt(), words.at(4));
     if (words.size() == 3 && words.at(1) == "use"_L1)
         return use(words.at(2));
+    if (words.size() == 2 && words.at(1) == "reference"_L1)
+        return reference();
     return list();
 }
