@@ -4,6 +4,7 @@
 #include "support/writtencharacter.h"
 
 #include <QLatin1StringView>
+#include <QString> // what views of it say of each other
 
 #include <algorithm>
 #include <array>
