@@ -114,7 +114,7 @@ const QList<Family>& writings()
         {"markup/lists", kilobytes, name<lists>},
         {"markup/raised", kilobytes, name<raised>},
         {"markup/pictures", kilobytes, aliases<pictures>},
-        {"markup/styled", kilobytes, aliases<styled>},
+        {"markup/styled", kilobytes - 100, aliases<styled>},
         {"everywhere/mixed", kilobytes, everywhere<mixed>},
         {"everywhere/lines", kilobytes, everywhere<lines>},
         {"everywhere/tables", kilobytes, everywhere<cells>},
