@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace {
 
 bool isLarge(const QString& path, qint64 largeSize)
@@ -17,8 +19,8 @@ bool isLarge(const QString& path, qint64 largeSize)
 
 } // namespace
 
-FilePieces::FilePieces(const QStringList& files, const Progress& showProgress, qint64 largeSize)
-    : paths(files)
+FilePieces::FilePieces(QStringList files, const Progress& showProgress, qint64 largeSize)
+    : paths(std::move(files))
 {
     for (qsizetype i = 0; i < paths.size(); ++i) {
         QFile file(paths.at(i));
@@ -67,7 +69,7 @@ EntryFile FilePieces::read(qsizetype index) const
 /// The frame comes first, then come the entries by their numbers.
 void FilePieces::appendDatabase(qsizetype file, const DatabaseScan& scan)
 {
-    EntryFile frame = EntryFiles::fromFrame(paths.at(file), scan);
+    const EntryFile frame = EntryFiles::fromFrame(paths.at(file), scan);
     pieces.append({file, {}, 0});
     if (frame.kind == EntryFile::Kind::Database) {
         QHash<QString, DatabaseScan::Entry> entries; // of several with a key the last counts
@@ -82,5 +84,5 @@ void FilePieces::appendDatabase(qsizetype file, const DatabaseScan& scan)
     } else if (frame.parseError.isEmpty()) {
         return; // no database: read whole
     }
-    frames.insert(file, std::move(frame));
+    frames.insert(file, frame);
 }

@@ -23,7 +23,7 @@ public:
     using Progress = std::function<void(qint64 done, qint64 all)>;
 
     /// Looks through the files that are larger than @p largeSize.
-    explicit FilePieces(const QStringList& files, const Progress& showProgress = {},
+    explicit FilePieces(QStringList files, const Progress& showProgress = {},
                         qint64 largeSize = usualLargeSize);
 
     [[nodiscard]] qsizetype count() const { return pieces.size(); }
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] bool isLastOfFile(qsizetype piece) const;
 
     /// Reads a piece. May be called by several threads at once.
-    [[nodiscard]] EntryFile read(qsizetype piece) const;
+    [[nodiscard]] EntryFile read(qsizetype index) const;
 
 private:
     struct Piece
