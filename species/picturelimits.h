@@ -18,12 +18,16 @@ inline constexpr int mostMebibytes = 280;
 /// Rather more than 6000 x 6000.
 inline constexpr qint64 mostPixels = qint64{mostMebibytes} * 1024 * 1024 / bytesPerPixel;
 
+/// Pixels; the library for PNG neither writes nor reads a longer side.
+inline constexpr int longestSide = 1'000'000;
+
 /// The longest side of a drawing; larger ones are drawn smaller.
 inline constexpr int longestDrawnSide = 2000;
 
 [[nodiscard]] inline bool admit(QSize size)
 {
-    return qint64{size.width()} * size.height() <= mostPixels;
+    return qint64{size.width()} * size.height() <= mostPixels && size.width() <= longestSide &&
+           size.height() <= longestSide;
 }
 
 /// Sets the toolkit's own limit to that of one picture.

@@ -196,10 +196,18 @@ private Q_SLOTS:
         verifyUnmodified();
     }
 
+    void imageThatCouldNotBeReadAgainIsNotPasted_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("of many pixels") << QSize(6000, 6200);
+        QTest::newRow("wide") << QSize(1'000'001, 1);
+        QTest::newRow("high") << QSize(1, 1'000'001);
+    }
     void imageThatCouldNotBeReadAgainIsNotPasted()
     {
+        QFETCH(const QSize, size);
         loadEntryWith(picture(40, 30));
-        QImage large(6000, 6200, QImage::Format_Mono);
+        QImage large(size, QImage::Format_Mono);
         large.fill(0);
         QGuiApplication::clipboard()->setImage(large);
         chooseFromNextMenu(pasteEntry);

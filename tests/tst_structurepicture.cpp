@@ -451,6 +451,14 @@ private Q_SLOTS:
         QVERIFY(StructurePicture::decode(encoded(image, format.constData())).isNull());
     }
 
+    void longestSideIsReadAgain()
+    {
+        QImage image(1'000'000, 1, QImage::Format_Grayscale8);
+        image.fill(Qt::white);
+        QVERIFY(StructurePicture::isAdmitted(image));
+        QCOMPARE(StructurePicture::decode(encoded(image, "PNG")).size(), image.size());
+    }
+
     void onlyPngIsReadWithoutTheProgramForTheOthers()
     {
         const QString alone = sandbox->path(u"alone"_s);
