@@ -245,8 +245,10 @@ private:
             return true;
         }
         const QByteArray number = JsonNumber::rewritten({begin, position});
+        if (number.isEmpty())
+            return false;
         output.append(number);
-        return !number.isEmpty();
+        return true;
     }
 
     const char* position;

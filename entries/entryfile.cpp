@@ -196,7 +196,7 @@ EntryFile fromFrame(const QString& path, const DatabaseScan& scan)
     for (const DatabaseScan::Entry& entry : scan.entries)
         frame.separateEntries.insert(QString::fromLatin1(entry.key));
     frame.entries.removeIf([&frame](const PlacedEntry& entry) {
-        return frame.separateEntries.contains(entry.place.sliced(1));
+        return frame.separateEntries.contains(entry.place.mid(1)); // of the file itself: none
     });
     return frame;
 }

@@ -33,6 +33,8 @@
 
 using namespace Qt::StringLiterals;
 
+// NOLINTBEGIN(cppcoreguidelines-pro-type-vararg): the system has no other form of these calls
+
 namespace {
 
 #ifdef KORVELA_HAS_LANDLOCK
@@ -200,3 +202,5 @@ void enter()
 }
 
 } // namespace Confinement
+
+// NOLINTEND(cppcoreguidelines-pro-type-vararg)
