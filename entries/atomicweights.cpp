@@ -14,7 +14,7 @@ namespace {
 
 struct Row
 {
-    const char* symbol;
+    const char* symbol = nullptr;
     AtomicWeights::Weight weight;
 };
 
