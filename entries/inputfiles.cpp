@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <filesystem>
@@ -16,23 +17,36 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Names of entries that the toolkit passes over, because they are no UTF-8; shown as far as they
-/// can be.
-QStringList undecodableNames(const QString& folder)
+/// What a folder holds of files whose names end in ".json".
+struct Listing
 {
     QStringList names;
-#ifdef Q_OS_UNIX // names are Unicode elsewhere
+    QStringList undecodable; ///< Names that are no UTF-8, as far as they can be shown.
+};
+
+/// Everything that is no folder: broken links and pipes, too, which are to be told of.
+Listing listingOf(const QString& folder)
+{
+    Listing listing;
+    listing.names = QDir(folder).entryList({u"*.json"_s}, QDir::Files | QDir::System);
+#ifdef Q_OS_UNIX // the toolkit passes over odd names, and some releases of it over broken links
+    const QSet<QString> known(listing.names.begin(), listing.names.end());
     std::error_code error;
     std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         const QByteArray name = QByteArray::fromStdString(entry->path().filename().native());
-        if (!name.isValidUtf8() && name.toLower().endsWith(".json"))
-            names.append(QString::fromUtf8(name));
+        std::error_code unknown;
+        if (name.startsWith('.') || !name.toLower().endsWith(".json") ||
+            entry->is_directory(unknown)) {
+            continue;
+        }
+        if (!name.isValidUtf8())
+            listing.undecodable.append(QString::fromUtf8(name));
+        else if (!known.contains(QFile::decodeName(name)))
+            listing.names.append(QFile::decodeName(name));
     }
-#else
-    Q_UNUSED(folder)
 #endif
-    return names;
+    return listing;
 }
 
 } // namespace
@@ -46,13 +60,11 @@ InputFiles InputFiles::named(const QStringList& arguments)
             continue;
         }
         const QDir folder(argument);
-        // Broken links and pipes are files of the system to the toolkit.
-        const QStringList names =
-            inSteppingOrder(folder.entryList({u"*.json"_s}, QDir::Files | QDir::System));
+        const Listing listing = listingOf(argument);
+        const QStringList names = inSteppingOrder(listing.names);
         for (const QString& name : names)
             files.paths.append(folder.filePath(name));
-        const QStringList undecodable = undecodableNames(argument);
-        for (const QString& name : undecodable) {
+        for (const QString& name : listing.undecodable) {
             files.problems.append(
                 u"The file %1 cannot be read: its name is no UTF-8."_s.arg(folder.filePath(name)));
         }

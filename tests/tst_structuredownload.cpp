@@ -303,7 +303,8 @@ private Q_SLOTS:
                  QByteArray::number(host->endlessBytesSent()).constData());
     }
 
-    /// The toolkit ends such an answer at once; what it has brought is no picture.
+    /// The toolkit ends such an answer at once; what it has brought is no picture. Not every
+    /// release takes an interim answer for the answer: to others it never comes.
     void whatFollowsAnAnswerWithoutEndIsNotTaken_data()
     {
         QTest::addColumn<QByteArray>("beginning");
@@ -324,8 +325,14 @@ private Q_SLOTS:
         host->serveEndlessly(caffeineTarget, beginning, piece);
         keepPicture();
         typeCasNumber(u"58-08-2"_s);
-        dialogs->expectBox(QMessageBox::Critical, u"Image Error"_s,
-                           u"Failed to load the image data."_s);
+        dialogs->expect([this](QWidget& dialog) {
+            auto* box = qobject_cast<QMessageBox*>(&dialog);
+            const QString text = box == nullptr ? QString() : box->text();
+            if (text != u"Failed to load the image data." &&
+                text != u"Failed to download the image.")
+                dialogs->complain(u"no message about the image but "_s + text);
+            dialog.close();
+        });
         clickDownload();
         QVERIFY(finishDownload());
         QCOMPARE(storedPicture(), plainPicture(Qt::yellow));
