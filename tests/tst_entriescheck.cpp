@@ -168,9 +168,10 @@ private Q_SLOTS:
         QFile::setPermissions(closed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QCOMPARE(run.exitCode, 2);
         QVERIFY(run.output.startsWith("cas.json: /Species/CAS: error: "));
-        if (isReadable)
-            QSKIP("root reads everything");
-        QCOMPARE(run.errors, QByteArray("korvela-entries: The folder closed cannot be read.\n"));
+        // Root reads everything; tst_inputfiles asks as somebody else.
+        QCOMPARE(run.errors,
+                 QByteArray(isReadable ? "korvela-entries: No JSON files in the folder closed\n"
+                                       : "korvela-entries: The folder closed cannot be read.\n"));
     }
 
     void nothingInAFolderIsLeftOutWithoutAWord()
@@ -182,8 +183,12 @@ private Q_SLOTS:
                       "mkfifo o/pipe.json; cp cas.json \"$(printf 'o/x\\377.json')\"; "
                       "cp cas.json \"$(printf 'o/line\\nfeed.json')\""_s},
             sandbox->path());
+#ifdef Q_OS_LINUX
+        QCOMPARE(made.exitCode, 0);
+#else
         if (made.exitCode != 0)
             QSKIP("this system has no such files");
+#endif
         const ProgramRun run = entries({u"check"_s, u"o"_s});
         QCOMPARE(run.exitCode, 2);
         for (const char* name : {"broken", "loop1", "loop2", "pipe"}) {
