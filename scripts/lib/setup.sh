@@ -40,9 +40,15 @@ as_root() { # command...
     fi
 }
 
+# One name in each line. A package that went into another one goes on by its name only: Debian 13 has
+# libqt6opengl6-dev in qt6-base-dev.
+installed_packages() {
+    dpkg-query --show --showformat='${db:Status-Status} ${Package}, ${Provides}\n' |
+        sed --quiet 's/^installed //p' | tr ',' '\n' | sed 's/ *(.*//; s/^ *//'
+}
+
 is_installed() { # package
-    dpkg-query --show --showformat='${db:Status-Status}\n' "$1" 2> /dev/null |
-        grep --quiet --line-regexp installed
+    installed_packages | grep --line-regexp --fixed-strings -e "$1" > /dev/null
 }
 
 # The first of the alternatives that this release has; the last one where apt knows none of them.
