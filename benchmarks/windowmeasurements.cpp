@@ -253,6 +253,8 @@ Measurement commandResult(const Subject& subject, const char* button)
         return costOf([&] {
             spectrum->text->setPlainText(text);
             spectrum->series->replace(points);
+            // Qt 6.8 does not ask for that by itself when the line itself is not shown.
+            spectrum->chart->viewport()->update();
             spectrum->editor->charts.settleAndPaint();
         });
     };
