@@ -14,22 +14,20 @@
 
 namespace {
 
+/// At most four in each column of pixels, unless the energies go back and forth.
+constexpr qsizetype mostUsualSegments = 20'000;
+
 /// Segment by segment, as the toolkit draws series: its rasteriser takes time with the square of
-/// the edges that cross a row of pixels, as those of a noisy spectrum all do. Where there are no
-/// pixels, the line stays one.
-void draw(QPainter& painter, const QPolygonF& line, const QRectF& area)
+/// the edges that cross a row of pixels, as those of a noisy spectrum all do. Those of all lines
+/// together: sticks whose base line is out of sight are a line each.
+void drawSegments(QPainter& painter, const QList<QPolygonF>& lines, const QRectF& area)
 {
-    if (painter.paintEngine()->type() != QPaintEngine::Raster) {
-        painter.drawPolyline(line);
-        return;
-    }
     QList<QLineF> segments;
-    segments.reserve(line.size());
-    for (qsizetype i = 1; i < line.size(); ++i)
-        segments.append(QLineF(line.at(i - 1), line.at(i)));
-    // At most four in each column of pixels, unless the energies go back and forth.
-    constexpr qsizetype usual = 20'000;
-    const bool isTangled = segments.size() > usual;
+    for (const QPolygonF& line : lines) {
+        for (qsizetype i = 1; i < line.size(); ++i)
+            segments.append(QLineF(line.at(i - 1), line.at(i)));
+    }
+    const bool isTangled = segments.size() > mostUsualSegments;
     painter.drawLines(isTangled ? withoutCovered(segments, area, painter.deviceTransform().m11())
                                 : segments);
 }
@@ -75,6 +73,11 @@ void SpectrumCurve::paint(QPainter* painter, const QStyleOptionGraphicsItem* /*o
     const qreal columns = hasPixels ? std::max(1.0, toDevice.m11()) : finest;
     painter->setClipRect(frame.area, Qt::IntersectClip);
     painter->setPen(pen);
-    for (const QPolygonF& line : visibleLines(points, frame, columns, pen.widthF()))
-        draw(*painter, line, frame.area);
+    const QList<QPolygonF> lines = visibleLines(points, frame, columns, pen.widthF());
+    if (hasPixels) {
+        drawSegments(*painter, lines, frame.area);
+        return;
+    }
+    for (const QPolygonF& line : lines)
+        painter->drawPolyline(line);
 }

@@ -139,7 +139,7 @@ const QList<Family>& documents()
         {"document/array for a text", 400'000, arrayForText},
         {"document/energies alone", 400'000, energiesAlone},
         {"document/back and forth", 700'000, backAndForth},
-        {"document/sticks back and forth", 400'000, sticksBackAndForth},
+        {"document/sticks back and forth", 700'000, sticksBackAndForth},
         {"document/titles", 14'000, titles},
         {"document/long date", 2'900'000, longDate},
         {"document/long CAS number", 2'900'000, longCasNumber},
