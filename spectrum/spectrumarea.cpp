@@ -18,7 +18,6 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollArea>
-#include <QSignalBlocker>
 
 #include <algorithm>
 #include <array>
@@ -73,6 +72,19 @@ void settleAround()
     std::for_each(widgets.crbegin(), widgets.crend(), [](QWidget* widget) { layOut(*widget); });
 }
 
+/// Adds the window as the area itself would. To raise a sub-window the area looks through all that
+/// it has for each that it has, but for one that stays on top.
+QMdiSubWindow* addUnraised(QMdiArea& area, QWidget* window)
+{
+    auto* subWindow = new QMdiSubWindow(area.viewport());
+    subWindow->setWidget(window);
+    const Qt::WindowFlags usual = subWindow->windowFlags();
+    subWindow->overrideWindowFlags(usual | Qt::WindowStaysOnTopHint);
+    area.addSubWindow(subWindow);
+    subWindow->overrideWindowFlags(usual);
+    return subWindow;
+}
+
 } // namespace
 
 SpectrumArea::SpectrumArea(QMdiArea& multipleDocumentArea)
@@ -91,7 +103,7 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window, bool quietly)
 {
     QString windowTitle = window->windowTitle();
     window->setWindowTitle({});
-    QMdiSubWindow* subWindow = area.addSubWindow(window);
+    QMdiSubWindow* subWindow = quietly ? addUnraised(area, window) : area.addSubWindow(window);
     subWindow->setAttribute(Qt::WA_DeleteOnClose);
     // As a stop of the Tab key it would catch every Shift+Tab of the form.
     subWindow->setFocusPolicy(Qt::ClickFocus);
@@ -105,11 +117,12 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window, bool quietly)
     };
     QObject::connect(window, &QWidget::windowTitleChanged, subWindow, setCaption);
     tabs->follow(subWindow); // behind the caption, which the area puts on the tab
-    {
-        // Each that is activated makes the area deactivate all others.
-        const QSignalBlocker withoutArea(quietly ? subWindow : nullptr);
-        window->show();
-    }
+    // Each that is activated takes the focus, of which all others are told, and makes the area
+    // deactivate them. What is disabled is not activated when it is shown, and the attribute alone
+    // does not reach the fields.
+    subWindow->setAttribute(Qt::WA_Disabled, quietly);
+    window->show();
+    subWindow->setAttribute(Qt::WA_Disabled, false);
     return windowTitle;
 }
 
@@ -122,9 +135,7 @@ void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
     QList<std::pair<SpectrumWindow*, QString>> titles;
     for (const QJsonObject& dataset : datasets) {
         auto* window = new SpectrumWindow(dataset, document);
-        // The first is to fill the area; the activation of the last ends that of those between.
-        const qsizetype number = titles.size() + 1;
-        titles.append({window, addWithoutTitle(window, number > 1 && number < datasets.size())});
+        titles.append({window, addWithoutTitle(window, !titles.isEmpty())});
         manyTabs.hideAllButCurrent();
         // The first one fills the area; all others need not do so only to be covered by the next.
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
@@ -146,6 +157,9 @@ void SpectrumArea::showFirst()
     const QList<QMdiSubWindow*> subWindows = area.subWindowList(QMdiArea::CreationOrder);
     if (subWindows.isEmpty())
         return;
+    // It is active already, but the others came later, and what came last counts as the current
+    // one.
+    area.setActiveSubWindow(nullptr);
     area.setActiveSubWindow(subWindows.constFirst());
     // What the windows have put off until now would each paint the first one once more.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
@@ -198,6 +212,13 @@ void SpectrumArea::closeAll()
         SpectrumTabs::Many manyTabs(*tabs);
         manyTabs.hideAllButCurrent();
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+        // Each that goes while it is the current one makes the area go through all others.
+        const QMdiSubWindow* current = area.currentSubWindow();
+        const QList<QMdiSubWindow*> subWindows = area.subWindowList();
+        for (QMdiSubWindow* subWindow : subWindows) {
+            if (subWindow != current)
+                subWindow->close();
+        }
         area.closeAllSubWindows();
         area.setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
     }

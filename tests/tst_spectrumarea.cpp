@@ -46,6 +46,21 @@ public:
     mutable qsizetype measured = 0;
 };
 
+/// Counts how often somebody who looks through all children asks what this one is.
+class CountingChild : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+    [[nodiscard]] const QMetaObject* metaObject() const override
+    {
+        ++asked;
+        return QWidget::metaObject();
+    }
+
+    mutable qsizetype asked = 0;
+};
+
 } // namespace
 
 /// The spectra of a document in an area of their own, without the editor's window.
@@ -164,6 +179,8 @@ private Q_SLOTS:
         QVERIFY(area->closeActive());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(first.isNull());
+        QCOMPARE(area->active()->windowTitle(), u"two"_s);
+        QVERIFY(mdiArea->activeSubWindow()->isMaximized());
         QCOMPARE(recordedTitles(), QStringList({u"two"_s, u"three"_s}));
         area->closeAll();
         QVERIFY(area->records().isEmpty());
@@ -190,6 +207,24 @@ private Q_SLOTS:
         tabBar()->setStyle(nullptr);
     }
 
+    void areaDoesNotGoThroughAllSpectraForEach()
+    {
+        constexpr qsizetype many = 60;
+        constexpr qsizetype few = many / 2;
+        const CountingChild child(mdiArea->viewport());
+        const QSignalSpy focused(qApp, &QApplication::focusChanged);
+        const QSignalSpy activated(mdiArea, &QMdiArea::subWindowActivated);
+        area->show(datasets(QStringList(many, u"one"_s)), document.get());
+        QVERIFY2(child.asked < few, QByteArray::number(child.asked).constData());
+        QVERIFY2(focused.size() < few, QByteArray::number(focused.size()).constData());
+
+        const qsizetype asked = child.asked;
+        area->closeAll();
+        QVERIFY2(child.asked - asked < few, QByteArray::number(child.asked - asked).constData());
+        QVERIFY2(focused.size() < few, QByteArray::number(focused.size()).constData());
+        QVERIFY2(activated.size() < few, QByteArray::number(activated.size()).constData());
+    }
+
     void allAreShownAndOneIsActive()
     {
         area->show(datasets(QStringList(5, u"one"_s)), document.get());
@@ -197,6 +232,8 @@ private Q_SLOTS:
         const QList<QMdiSubWindow*> subWindows = mdiArea->subWindowList();
         for (const QMdiSubWindow* subWindow : subWindows) {
             QVERIFY(subWindow->isVisible());
+            QVERIFY(subWindow->isEnabled());
+            QCOMPARE(subWindow->windowFlags(), subWindows.constFirst()->windowFlags());
             QVERIFY(subWindow->widget()->findChild<QWidget*>(u"textEditSpect"_s)->isVisible());
             QCOMPARE(subWindow->windowState().testFlag(Qt::WindowActive),
                      subWindow == subWindows.constFirst());
