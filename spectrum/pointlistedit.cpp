@@ -6,6 +6,7 @@
 #include "spectrum/pointlistlines.h"
 
 #include <QMimeData>
+#include <QResizeEvent>
 #include <QTextCursor>
 
 #include <memory>
@@ -23,4 +24,18 @@ void PointListEdit::insertFromMimeData(const QMimeData* source)
         return;
     textCursor().insertText(source->text());
     ensureCursorVisible();
+}
+
+void PointListEdit::resizeEvent(QResizeEvent* event)
+{
+    const std::pair<int, const QTextDocument*> wanted{event->size().width(), document()};
+    // A list that is shown is told of its size as if it had had none before, and would wrap all its
+    // lines anew, which leaves some 340 bytes behind for each of them.
+    if (!event->oldSize().isValid() && wrapped == wanted) {
+        QResizeEvent sameWidth(event->size(), {event->size().width(), -1});
+        QPlainTextEdit::resizeEvent(&sameWidth);
+    } else {
+        QPlainTextEdit::resizeEvent(event);
+    }
+    wrapped = wanted;
 }

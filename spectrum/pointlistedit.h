@@ -5,6 +5,8 @@
 
 #include <QPlainTextEdit>
 
+#include <utility>
+
 /// The list of points: plain text of up to a hundred thousand lines and more. What is selected or
 /// pasted goes there and back as text; by way of the toolkit's document fragments, selecting all of
 /// such a list takes a third of a second where selections are shared between programs.
@@ -18,4 +20,9 @@ public:
 protected:
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    /// What lines were last wrapped for: the width of the view, and the document.
+    std::pair<int, const QTextDocument*> wrapped{-1, nullptr};
 };

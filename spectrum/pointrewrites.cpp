@@ -3,6 +3,7 @@
 
 #include "spectrum/pointrewrites.h"
 
+#include "spectrum/longtext.h"
 #include "spectrum/pointlines.h"
 
 #include <QPlainTextDocumentLayout>
@@ -29,7 +30,7 @@ std::unique_ptr<QTextDocument> documentWith(const QString& text, const QFont& fo
     document->setDocumentLayout(new QPlainTextDocumentLayout(document.get()));
     document->setDefaultFont(font);
     document->setUndoRedoEnabled(false);
-    document->setPlainText(text);
+    LongText::setPlainText(*document, text);
     document->setUndoRedoEnabled(true);
     return document;
 }
@@ -131,7 +132,7 @@ void PointRewrites::replaceText(const QString& text)
     viewAfter.position.line = lines.at(1);
     viewAfter.top = lines.at(2);
     if (!list->isUndoRedoEnabled()) {
-        list->setPlainText(text);
+        LongText::setPlainText(*list, text);
         show(viewAfter);
         return;
     }

@@ -3,6 +3,7 @@
 
 #include "spectrum/spectrummodel.h"
 
+#include "spectrum/longtext.h"
 #include "spectrum/pointrewrites.h"
 #include "spectrum/pointtext.h"
 #include "spectrum/spectrumpoints.h"
@@ -212,7 +213,7 @@ void SpectrumModel::setPointText(const QString& text)
     pointLines = PointText::withoutEmptyLines(text);
     if (pointText != nullptr) {
         const QScopedValueRollback<bool> writing(writingPointText, true);
-        pointText->setPlainText(text);
+        LongText::setPlainText(*pointText, text);
     }
     Q_EMIT spectrumDataChanged();
 }
@@ -234,5 +235,5 @@ void SpectrumModel::writePointText(Undoing undoing)
     if (undoing == Undoing::Possible)
         PointRewrites::of(*pointText).replaceText(pointLines);
     else
-        pointText->setPlainText(pointLines);
+        LongText::setPlainText(*pointText, pointLines);
 }

@@ -95,6 +95,7 @@ void SpectrumWindow::arrange()
 {
     constexpr int listWidth = 200;
     ui->splitterSpectrum->setSizes({listWidth, width() - listWidth});
+    ui->textEditSpect->resize(listWidth, ui->textEditSpect->height()); // lines may come before that
     ui->splitterSpectrum->setStretchFactor(1, 1); // what is gained or lost is the chart's
     // The smallest size that the box knows of itself is from before its items had their texts.
     ui->comboBoxType->setMinimumWidth(ui->comboBoxType->sizeHint().width());

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/windowtest.h"
@@ -69,6 +70,19 @@ QByteArray entry(const QString& name)
     return QJsonDocument(file).toJson();
 }
 
+/// An entry with one spectrum.
+QByteArray entryOfPoints(int count)
+{
+    QJsonArray energies;
+    QJsonArray intensities;
+    for (int i = 0; i < count; ++i) {
+        energies.append(8 + i * 1e-4);
+        intensities.append(i * 7919 % 1000 + 0.5);
+    }
+    const QJsonObject spectrum{{u"E"_s, energies}, {u"I"_s, intensities}};
+    return QJsonDocument({{u"Type"_s, u"Species v1"_s}, {u"Dataset1"_s, spectrum}}).toJson();
+}
+
 } // namespace
 
 /// The window may stay open over a thousand entries: what is closed is gone, and its memory with
@@ -116,6 +130,32 @@ private Q_SLOTS:
         for (int round = 0; round < 5 && !QTest::currentTestFailed(); ++round)
             workRound();
         QCOMPARE(window->findChildren<QObject*>().size(), before);
+    }
+
+    // With what the toolkit sets aside for each line that it lays out, it would be 600.
+    void pointTakesAFewHundredBytes()
+    {
+#ifndef KORVELA_MEMORY_IS_COUNTED
+        QSKIP("allocated memory is not counted here");
+#endif
+        constexpr int points = 29'000; // what grows by doubling is nearly full
+        constexpr int most = 400;      // bytes
+        const auto bytesWith = [this](int count) {
+            const QString path = sandbox->write(u"points.json"_s, entryOfPoints(count));
+            if (!window->openEntry(path))
+                return qint64{};
+            // Painted, and everything of the entry before is gone.
+            QTest::qWait(0);
+            window->grab();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return allocatedBytes();
+        };
+        bytesWith(points); // fills caches
+        const qint64 before = bytesWith(1);
+        const qint64 after = bytesWith(points);
+        QCOMPARE(TestSupport::spectra(*window).constFirst()->model()->points().size(), points);
+        const qint64 each = (after - before) / points;
+        QVERIFY2(each > 0 && each <= most, qPrintable(u"%1 bytes"_s.arg(each)));
     }
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "spectrum/longtext.h"
 #include "spectrum/pointlistedit.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/sandboxtest.h"
@@ -9,6 +10,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTest>
+#include <QTextBlock>
 
 #include <memory>
 
@@ -107,7 +109,53 @@ private Q_SLOTS:
         QVERIFY(list->viewport()->rect().contains(list->cursorRect().center()));
     }
 
+    void wrapsLinesForTheWidthThatItIsShownWith_data()
+    {
+        QTest::addColumn<QList<int>>("whileHidden");
+        QTest::addColumn<int>("shown");
+        QTest::newRow("as made") << QList<int>{} << 200;
+        QTest::newRow("narrower") << QList<int>{} << 120;
+        QTest::newRow("wider") << QList<int>{} << 420;
+        QTest::newRow("changed and back") << QList<int>{420} << 200;
+        QTest::newRow("changed twice") << QList<int>{420, 120} << 300;
+    }
+
+    // A list that is not shown hears of its size late.
+    void wrapsLinesForTheWidthThatItIsShownWith()
+    {
+        QFETCH(const QList<int>, whileHidden);
+        QFETCH(const int, shown);
+        const QString text = u"many words in a line "_s.repeated(8) + u"\n1 2"_s.repeated(2000);
+        PointListEdit ours;
+        QPlainTextEdit theirs;
+        ours.resize(200, 300);
+        LongText::setPlainText(ours, text);
+        for (const int width : whileHidden)
+            ours.resize(width, 300);
+        ours.resize(shown, 300);
+        theirs.resize(shown, 300);
+        theirs.show();
+        theirs.setPlainText(text);
+        ours.show();
+        QTRY_COMPARE(topOfSecondLine(ours), topOfSecondLine(theirs));
+
+        // Once more, with what it knows of its lines by now.
+        ours.hide();
+        for (const int width : whileHidden)
+            ours.resize(width, 300);
+        ours.resize(shown + 60, 300);
+        theirs.resize(shown + 60, 300);
+        ours.show();
+        QTRY_COMPARE(topOfSecondLine(ours), topOfSecondLine(theirs));
+    }
+
 private:
+    /// Where the second line stands, below all rows of the first.
+    static int topOfSecondLine(const QPlainTextEdit& edit)
+    {
+        return edit.cursorRect(QTextCursor(edit.document()->findBlockByNumber(1))).top();
+    }
+
     std::unique_ptr<PointListEdit> list;
 };
 
