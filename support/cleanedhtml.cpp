@@ -158,7 +158,7 @@ QString withoutForeignTags(const QString& html)
 
 QString forHtmlReader(const QString& html, int pieces)
 {
-    return HtmlReaderText::prepared(html, pieces);
+    return HtmlReaderText::prepared(html, pieces).html;
 }
 
 } // namespace CleanedHtml

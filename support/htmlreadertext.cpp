@@ -21,6 +21,10 @@ constexpr QLatin1StringView commentEnd("-->");
 /// Elements whose content is no text of the document. Up to their closing tag nothing is markup.
 constexpr std::array hiddenElements{"style"_L1, "script"_L1, "title"_L1};
 
+/// As texts have them whose markup is not foreign.
+constexpr std::array plainTags{"sub"_L1, "/sub"_L1, "sup"_L1, "/sup"_L1,
+                               "br"_L1,  "br/"_L1,  "br /"_L1};
+
 bool canFollowTagOpening(QChar c)
 {
     return isAsciiLetter(c) || c == u'/' || c == u'!' || c == u'?';
@@ -34,6 +38,7 @@ public:
         : html(text)
         , mostPieces(most)
         , budget(limits, text.size())
+        , hasPlainTagsOnly(limits == MarkupBudget::Limits::None)
         , lastCommentEnd(html.lastIndexOf(commentEnd))
     {
         result.reserve(html.size());
@@ -55,6 +60,9 @@ public:
     }
 
     [[nodiscard]] bool isOverspent() const { return budget.isOverspent(shown); }
+
+    /// Whether there was markup other than the three that texts have.
+    [[nodiscard]] bool wasFormatted() const { return isFormatted; }
 
 private:
     [[nodiscard]] QStringView rest() const { return QStringView(html).sliced(position); }
@@ -159,10 +167,14 @@ private:
             takeHiddenElement(static_cast<std::size_t>(hidden - hiddenElements.begin()), tag);
             return;
         }
+        const bool isPlain =
+            std::find(plainTags.begin(), plainTags.end(), inside) != plainTags.end();
+        isFormatted = isFormatted || !isPlain;
         if (budget.admits(inside, result.size())) {
-            result += tag;
-            if (!inside.startsWith(u'/'))
-                ++pieces;
+            // Without foreign markup only a line break is left that may have attributes.
+            const bool isClosing = inside.startsWith(u'/');
+            result += hasPlainTagsOnly && !isPlain && !isClosing ? QStringView(u"<br>") : tag;
+            pieces += isClosing ? 0 : 1;
         }
         position += tag.size();
     }
@@ -182,6 +194,7 @@ private:
     {
         const qsizetype content = position + tag.size();
         const QString closingTag = "</"_L1 + hiddenElements.at(element);
+        isFormatted = true;
         const bool hasContent = !tag.startsWith("</"_L1) && !tag.endsWith("/>"_L1);
         qsizetype end = -1;
         if (hasContent && !endless.at(element)) {
@@ -202,9 +215,11 @@ private:
     const QString& html;
     int mostPieces;
     MarkupBudget budget;
+    bool hasPlainTagsOnly;
     qsizetype lastCommentEnd;
     QString result;
     qsizetype position = 0;
+    bool isFormatted = false;
     int marks = 0; ///< Those on the last letter.
     QString excessMarks;
     int pieces = 0;
@@ -218,13 +233,18 @@ private:
 
 namespace HtmlReaderText {
 
-QString prepared(const QString& html, int mostPieces)
+Prepared prepared(const QString& html, int mostPieces)
 {
     Preparation usual(html, mostPieces, MarkupBudget::Limits::Usual);
-    QString text = usual.run();
+    const QString text = usual.run();
     if (!usual.isOverspent())
-        return text;
-    return Preparation(html, mostPieces, MarkupBudget::Limits::Strict).run();
+        return {text, usual.wasFormatted()};
+    return {Preparation(html, mostPieces, MarkupBudget::Limits::Strict).run(), true};
+}
+
+QString unformatted(const QString& html, int mostPieces)
+{
+    return Preparation(html, mostPieces, MarkupBudget::Limits::None).run();
 }
 
 } // namespace HtmlReaderText

@@ -9,7 +9,17 @@
 /// takes its time for none of them.
 namespace HtmlReaderText {
 
+struct Prepared
+{
+    QString html;
+    /// Whether the text has other markup than line breaks and raised and lowered characters.
+    bool isFormatted = false;
+};
+
 /// See CleanedHtml::forHtmlReader().
-[[nodiscard]] QString prepared(const QString& html, int mostPieces);
+[[nodiscard]] Prepared prepared(const QString& html, int mostPieces);
+
+/// The same without such other markup.
+[[nodiscard]] QString unformatted(const QString& html, int mostPieces);
 
 } // namespace HtmlReaderText

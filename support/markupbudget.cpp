@@ -27,6 +27,32 @@ bool isTablePart(const QString& name)
     return std::find(parts.begin(), parts.end(), name) != parts.end();
 }
 
+int mostOthers(MarkupBudget::Limits limits)
+{
+    switch (limits) {
+    case MarkupBudget::Limits::Usual:
+        return 1000;
+    case MarkupBudget::Limits::Strict:
+        return 8;
+    case MarkupBudget::Limits::None:
+        break;
+    }
+    return 0;
+}
+
+/// The largest number in a tag; the largest possible where one may be hidden in references.
+qint64 largestNumber(QStringView tag)
+{
+    constexpr qint64 most = 1'000'000;
+    qint64 largest = tag.contains(u'&') ? most : 0;
+    qint64 number = 0;
+    for (const QChar c : tag) {
+        number = c.isDigit() ? std::min(most, 10 * number + c.digitValue()) : 0;
+        largest = std::max(largest, number);
+    }
+    return largest;
+}
+
 bool changeDepth(int& depth, bool closing)
 {
     constexpr int deepest = 16;
@@ -44,7 +70,7 @@ bool changeDepth(int& depth, bool closing)
 MarkupBudget::MarkupBudget(Limits limits, qsizetype characters)
     : mostWork(std::min(longestWork, leastWork + workPerCharacter * qint64{characters}))
     , tableParts(limits == Limits::Usual ? 24 : 0)
-    , others(limits == Limits::Usual ? 1000 : 8)
+    , others(mostOthers(limits))
     , styleSheet(limits == Limits::Usual ? 256 : 0)
 {}
 
@@ -88,6 +114,9 @@ bool MarkupBudget::admitsAtAll(QStringView tag)
         return others-- > 0;
     if (tableParts-- <= 0)
         return false;
+    // A cell may span columns that the reader makes for it.
+    constexpr qint64 workPerColumn = 8;
+    work += workPerColumn * largestNumber(rest.sliced(name.size()));
     if (!closing && name == "table"_L1)
         ++tables;
     return true;

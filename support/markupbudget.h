@@ -12,8 +12,9 @@
 class MarkupBudget
 {
 public:
-    /// What any text may have, or what one may have that proved too much work with it.
-    enum class Limits { Usual, Strict };
+    /// What any text may have, what one may have that proved too much work with it, or nothing but
+    /// line breaks and raised and lowered text.
+    enum class Limits { Usual, Strict, None };
 
     /// For a text of that many characters, markup included.
     MarkupBudget(Limits limits, qsizetype characters);

@@ -501,6 +501,9 @@ private Q_SLOTS:
         QTest::newRow("rules that every line is matched with")
             << "<style>"_L1 + repeated("*,", 120) + "*{color:red}</style>"_L1 + lines << lines;
         QTest::newRow("words in nested tables") << repeated("<table><tr><td>", 8) + words << words;
+        QTest::newRow("cell of many columns") << u"<table><tr><td colspan=1000>"_s + u'x' << u"x"_s;
+        QTest::newRow("cell of many columns, hidden")
+            << u"<table><tr><td colspan=&#49;&#48;&#48;&#48;>"_s + u'x' << u"x"_s;
         QTest::newRow("raised runs in one word")
             << repeated("C<sub>2</sub>", 20'000) << repeated("C<sub>2</sub>", 20'000);
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "support/cleanedhtml.h"
+#include "support/textextent.h"
 #include "tests/support/dialogscript.h"
 #include "tests/support/sandbox.h"
 #include "widgets/cleantextedit.h"
@@ -15,6 +16,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -392,6 +394,53 @@ private Q_SLOTS:
         QTest::newRow("hundreds of long words")
             << QString(u"a"_s.repeated(1900) + u' ').repeated(200) << true;
         QTest::newRow("blanks that break no line") << u"a\u00a0"_s.repeated(2000) << true;
+    }
+
+    void blanksThatMarkupTakesAwayBreakNoLine()
+    {
+        Form form;
+        form.field->setCleanedHtml("<nobr>"_L1 + u"a "_s.repeated(2000));
+        QCOMPARE(form.field->wordWrapMode(), QTextOption::WrapAnywhere);
+        form.field->setCleanedHtml(u"<b>a</b> b"_s);
+        QCOMPARE(form.field->wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    }
+
+    void formatsThatCannotBeLaidOutAreLeftAway_data()
+    {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<int>("characters");
+        QTest::newRow("large letters") << uR"(<span style="font-size:99999px">)"_s << 10;
+        QTest::newRow("long text in large letters")
+            << uR"(<span style="font-size:90px">)"_s << 100'000;
+        QTest::newRow("large letters that a break has")
+            << uR"(<br style="font-size:99999px">)"_s << 10;
+        QTest::newRow("wide margins") << u"<blockquote>"_s.repeated(900) << 10;
+        QTest::newRow("deep lists") << u"<ul>"_s.repeated(900) + u"<li>"_s << 10;
+        QTest::newRow("high picture") << uR"(<img height="9999999">)"_s << 10;
+        QTest::newRow("narrow table") << uR"(<table width="1%"><tr><td>)"_s << 100'000;
+    }
+
+    void formatsThatCannotBeLaidOutAreLeftAway()
+    {
+        QFETCH(const QString, tag);
+        QFETCH(const int, characters);
+        Form form;
+        form.field->setCleanedHtml(tag + u"ab "_s.repeated(characters / 3) + u"H<sub>2</sub>O"_s);
+        QVERIFY(!TextExtent::isBeyondLayout(*form.field->document()));
+        QVERIFY(form.field->cleanedHtml().endsWith(u"ab H<sub>2</sub>O"_s));
+        QTextDocument asRead;
+        asRead.setHtml(tag + u"ab "_s.repeated(characters));
+        QVERIFY(TextExtent::isBeyondLayout(asRead));
+    }
+
+    void usualFormatsAreShown()
+    {
+        Form form;
+        form.field->setCleanedHtml(uR"(<p style="margin-top:12px; font-size:12pt"><b>bold</b>)"_s);
+        const QTextCharFormat format =
+            form.field->document()->begin().begin().fragment().charFormat();
+        QCOMPARE(format.fontWeight(), int{QFont::Bold});
+        QCOMPARE(format.fontPointSize(), 12);
     }
 
     void longestWordsAreBrokenAnywhere()

@@ -4,7 +4,9 @@
 #include "widgets/cleantextedit.h"
 
 #include "support/cleanedhtml.h"
+#include "support/htmlreadertext.h"
 #include "support/standinpicture.h"
+#include "support/textextent.h"
 
 #include <QContextMenuEvent>
 #include <QImage>
@@ -87,17 +89,25 @@ void CleanTextEdit::setCleanedHtml(const QString& html)
         return;
     }
     prepareWrappingFor(html);
-    if (!isVisible() && html.size() > fewCharacters) {
-        document()->setLayoutEnabled(false);
-        waitsToBeSeen = true;
-    }
     // Nobody goes along one line for hundreds of formulae, and a file can have thousands of lines.
     constexpr int mostInLine = 2000;
     const bool isLine = lineWrapMode() == QTextEdit::NoWrap;
-    setHtml(CleanedHtml::forHtmlReader(html, isLine ? mostInLine : CleanedHtml::mostPieces));
+    const int pieces = isLine ? mostInLine : CleanedHtml::mostPieces;
+    const HtmlReaderText::Prepared text = HtmlReaderText::prepared(html, pieces);
+    const bool isSeen = isVisible() && !waitsToBeSeen;
+    if (text.isFormatted || (!isVisible() && html.size() > fewCharacters)) {
+        document()->setLayoutEnabled(false);
+        waitsToBeSeen = true;
+    }
+    setHtml(text.html);
+    if (text.isFormatted)
+        judgeFormats(html, pieces);
     // Not before: the old text, with its endless word, would be laid out once more.
-    if (wordWrapMode() == QTextOption::WrapAnywhere && !hasEndlessWord(html))
+    if (wordWrapMode() == QTextOption::WrapAnywhere &&
+        !hasEndlessWord(text.isFormatted ? document()->toRawText() : html))
         setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    if (isSeen)
+        layOutNow();
 }
 
 void CleanTextEdit::contextMenuEvent(QContextMenuEvent* event)
@@ -178,6 +188,14 @@ void CleanTextEdit::layOutNow()
     document()->setLayoutEnabled(true);
     QResizeEvent resized(viewport()->size(), QSize());
     QTextEdit::resizeEvent(&resized);
+}
+
+void CleanTextEdit::judgeFormats(const QString& html, int pieces)
+{
+    if (TextExtent::isBeyondLayout(*document()))
+        setHtml(HtmlReaderText::unformatted(html, pieces));
+    // Markup can take from a text the blanks at which it would be broken.
+    prepareWrappingFor(document()->toRawText());
 }
 
 void CleanTextEdit::prepareWrappingFor(const QString& text)

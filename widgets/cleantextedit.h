@@ -49,6 +49,8 @@ private Q_SLOTS:
     void onTextChanged();
 
 private:
+    /// Of a text with foreign markup, before it is laid out: whether it can be, and how.
+    void judgeFormats(const QString& html, int pieces);
     void prepareWrappingFor(const QString& text);
 
     bool waitsToBeSeen = false; ///< Whether a long text is not laid out yet.

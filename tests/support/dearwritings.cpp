@@ -16,12 +16,13 @@ namespace {
 constexpr int mostDatasets = 200;
 
 /// A file of that many kilobytes in one field, or in each field of the spectra.
-QByteArray inOneField(const char* key, const QString& unit, int kilobytes)
+QByteArray inOneField(const char* key, const QString& unit, int kilobytes,
+                      const QString& beginning = {})
 {
     const auto count = 1000 * kilobytes / unit.toUtf8().size();
-    return QJsonDocument(QJsonObject{{u"Type"_s, u"Species v1"_s},
-                                     {u"Species"_s, QJsonObject{{QString::fromLatin1(key),
-                                                                 unit.repeated(count)}}}})
+    const QString text = beginning + unit.repeated(count);
+    const QJsonObject species{{QString::fromLatin1(key), text}};
+    return QJsonDocument(QJsonObject{{u"Type"_s, u"Species v1"_s}, {u"Species"_s, species}})
         .toJson();
 }
 
@@ -65,6 +66,29 @@ const QString pictures =
     u"<img src=\"data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42m"
     "NkYPhfDwAChwGA60e6kgAAAABJRU5ErkJggg==\">"_s;
 const QString styled = u"<span style=\"color:red;font-size:99px\">x</span>"_s;
+
+const QString largeLetters = uR"(<span style="font-size:300px">)"_s;
+const QString quotations = u"<blockquote>"_s.repeated(900);
+const QString unbroken = u"<nobr>"_s;
+const QString wideCells = u"<table><tr><td colspan=1000>x</table>"_s;
+
+/// Words that are all in the same markup.
+template <const QString& beginning>
+QByteArray words(int kilobytes)
+{
+    return inOneField("Aliases", u"photoelectron "_s, kilobytes, beginning);
+}
+
+/// In a field of each spectrum, as often as it says.
+QByteArray cellsOfManyColumns(int count)
+{
+    QJsonObject file{{u"Type"_s, u"Species v1"_s}};
+    for (int i = 1; i <= mostDatasets; ++i) {
+        file.insert(QString("Dataset%1"_L1).arg(i),
+                    QJsonObject{{u"FurtherComments"_s, wideCells.repeated(count)}});
+    }
+    return QJsonDocument(file).toJson();
+}
 
 template <const QString& unit>
 QByteArray name(int kilobytes)
@@ -115,6 +139,10 @@ const QList<Family>& writings()
         {"markup/raised", kilobytes, name<raised>},
         {"markup/pictures", kilobytes, aliases<pictures>},
         {"markup/styled", kilobytes - 100, aliases<styled>},
+        {"markup/large letters", kilobytes, words<largeLetters>},
+        {"markup/nested quotations", kilobytes - 20, words<quotations>},
+        {"markup/unbroken words", kilobytes, words<unbroken>},
+        {"markup/cells of many columns", 8, cellsOfManyColumns},
         {"everywhere/mixed", kilobytes, everywhere<mixed>},
         {"everywhere/lines", kilobytes, everywhere<lines>},
         {"everywhere/tables", kilobytes, everywhere<cells>},
