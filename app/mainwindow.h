@@ -13,6 +13,7 @@
 
 class CreateDatabase;
 class EntryStatus;
+class LongWork;
 class QDataWidgetMapper;
 class QJsonObject;
 class QNetworkAccessManager;
@@ -91,11 +92,11 @@ private:
     void saveSpeciesAs();
     /// Empties the document, whether modified or not.
     void clear();
-    /// Drops the document, whether modified or not, and shows the species file.
-    void replaceDocument(const QString& path, const QJsonObject& content);
-    /// Reads the file into the cleared document; false after a message when it cannot.
-    bool loadSpeciesFile(const QString& path);
-    void showSpecies(const QJsonObject& content);
+    /// Drops the document, whether modified or not, and shows the species file; the document stays
+    /// as it is when @p opening was stopped. Returns whether it was replaced.
+    bool replaceDocument(const QString& path, const QJsonObject& content, LongWork& opening);
+    /// Drops the document and shows the file if it can; what went wrong is told afterwards.
+    void takeDrop(const QString& path);
     /// Writes the document to the current file.
     void saveSpeciesFile();
 

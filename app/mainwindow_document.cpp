@@ -7,10 +7,12 @@
 #include "species/speciesfile.h"
 #include "species/speciesmodel.h"
 #include "spectrum/spectrumarea.h"
+#include "spectrum/spectrumwindow.h"
 #include "support/droppedfile.h"
 #include "support/jsonfile.h"
 #include "support/jsonfiledialog.h"
 #include "support/lastopenfolder.h"
+#include "support/longwork.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
 #include "widgets/entrydrops.h"
@@ -22,6 +24,15 @@
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString openingText(const QString& path)
+{
+    return MainWindow::tr("Opening %1").arg(QFileInfo(path).fileName());
+}
+
+} // namespace
 
 void MainWindow::setModified()
 {
@@ -56,7 +67,7 @@ bool MainWindow::askToSave()
 void MainWindow::cleanUp()
 {
     const WaitCursor waiting;
-    if (askToSave())
+    if (!LongWork::isUnderWay() && askToSave())
         clear();
 }
 
@@ -80,29 +91,37 @@ void MainWindow::openSpecies()
 bool MainWindow::openEntry(const QString& path)
 {
     const WaitCursor waiting;
-    if (!askToSave())
+    if (LongWork::isUnderWay() || !askToSave())
         return false;
     if (!QFileInfo::exists(path)) {
         Messages::warning(this, tr("File Not Found"), tr("The file %1 does not exist.").arg(path));
         return false;
     }
-    const QJsonObject content = JsonFile::read(path).object;
-    if (!SpeciesFile::isSpeciesFile(content)) {
-        Messages::warning(this, tr("Invalid Species File"),
-                          tr("The file %1 is not a valid species file.").arg(path));
-        return false;
+    {
+        LongWork opening(this, openingText(path));
+        const auto file = opening.aside([path] { return JsonFile::read(path); });
+        if (!file)
+            return false;
+        if (SpeciesFile::isSpeciesFile(file->object))
+            return replaceDocument(path, file->object, opening);
     }
-    replaceDocument(path, content);
-    return true;
+    Messages::warning(this, tr("Invalid Species File"),
+                      tr("The file %1 is not a valid species file.").arg(path));
+    return false;
 }
 
-void MainWindow::replaceDocument(const QString& path, const QJsonObject& content)
+bool MainWindow::replaceDocument(const QString& path, const QJsonObject& content, LongWork& opening)
 {
+    auto windows = SpectrumArea::prepare(SpeciesFile::datasets(content), this, opening);
+    if (!windows)
+        return false;
     clear();
-    showSpecies(content);
+    speciesModel->fromJson(SpeciesFile::species(content));
+    spectra->show(std::move(*windows));
     currentFile = path;
     setModified(false);
     LastOpenFolder::rememberFolderOf(path);
+    return true;
 }
 
 void MainWindow::saveSpecies()
@@ -124,27 +143,6 @@ void MainWindow::saveSpeciesAs()
     saveSpeciesFile();
 }
 
-bool MainWindow::loadSpeciesFile(const QString& path)
-{
-    const JsonFile::ReadResult file = JsonFile::read(path);
-    if (!file.opened) {
-        Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
-        return false;
-    }
-    if (!SpeciesFile::isSpeciesFile(file.object)) {
-        Messages::critical(this, tr("Error"), tr("Species not found in JSON file. Load aborted."));
-        return false;
-    }
-    showSpecies(file.object);
-    return true;
-}
-
-void MainWindow::showSpecies(const QJsonObject& content)
-{
-    speciesModel->fromJson(SpeciesFile::species(content));
-    spectra->show(SpeciesFile::datasets(content), this);
-}
-
 void MainWindow::saveSpeciesFile()
 {
     const WaitCursor waiting;
@@ -161,24 +159,42 @@ void MainWindow::saveSpeciesFile()
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!droppedJsonFile(event->mimeData()).isEmpty())
+    if (!droppedJsonFile(event->mimeData()).isEmpty() && !LongWork::isUnderWay())
         acceptEntryDrag(event);
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
     const QString path = droppedJsonFile(event->mimeData());
-    if (path.isEmpty())
+    if (path.isEmpty() || LongWork::isUnderWay())
         return;
     acceptEntryDrop(event);
     const LeftField left(*this);
     const WaitCursor waiting;
-    if (!askToSave())
-        return;
+    if (askToSave())
+        takeDrop(path);
+}
 
-    // Unlike opening, a drop goes ahead without looking at the file first.
+void MainWindow::takeDrop(const QString& path)
+{
+    JsonFile::ReadResult file;
+    {
+        LongWork opening(this, openingText(path));
+        auto read = opening.aside([path] { return JsonFile::read(path); });
+        if (!read)
+            return;
+        file = std::move(*read);
+        if (SpeciesFile::isSpeciesFile(file.object)) {
+            replaceDocument(path, file.object, opening);
+            return;
+        }
+    }
+    // Unlike opening, a drop goes ahead whatever the file is.
     clear();
-    currentFile = loadSpeciesFile(path) ? path : QString();
+    if (!file.opened)
+        Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
+    else
+        Messages::critical(this, tr("Error"), tr("Species not found in JSON file. Load aborted."));
     setModified(false);
     LastOpenFolder::rememberFolderOf(path);
 }
@@ -186,5 +202,5 @@ void MainWindow::dropEvent(QDropEvent* event)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     const LeftField left(*this);
-    event->setAccepted(askToSave());
+    event->setAccepted(!LongWork::isUnderWay() && askToSave());
 }

@@ -7,6 +7,7 @@
 #include "species/casnumber.h"
 #include "species/speciesmodel.h"
 #include "species/structuredownload.h"
+#include "support/longwork.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
 #include "ui_mainwindow.h"
@@ -29,6 +30,11 @@ void MainWindow::onImageDownloaded(QNetworkReply* reply)
 {
     if (reply == nullptr)
         return; // whoever invokes the slot by name may have none
+    if (LongWork::isUnderWay()) {
+        // The picture belongs to the entry that is there in the end.
+        LongWork::whenOver(reply, [this, reply] { onImageDownloaded(reply); });
+        return;
+    }
     const auto release = qScopeGuard([reply] { reply->deleteLater(); });
     const WaitCursor waiting;
     const StructureDownload::Result result = StructureDownload::take(*reply);

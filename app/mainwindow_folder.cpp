@@ -6,12 +6,15 @@
 #include "app/mainwindow.h"
 #include "species/speciesfolder.h"
 #include "support/lastopenfolder.h"
+#include "support/longwork.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
 #include "widgets/leftfield.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
+
+#include <memory>
 
 namespace {
 
@@ -77,16 +80,21 @@ void MainWindow::loadNextSpeciesFile()
 
 bool MainWindow::step(const QString& path, int direction)
 {
+    if (LongWork::isUnderWay())
+        return false;
     const LeftField left(*this);
     const WaitCursor waiting;
-    const SpeciesFolder::Step step = SpeciesFolder::step(path, direction);
-    if (step.outcome != SpeciesFolder::Step::Outcome::Found) {
-        showWhyNoStep(this, step.outcome);
+    auto stepping = std::make_unique<LongWork>(this, tr("Opening the next entry of the folder"));
+    const auto step =
+        stepping->aside([path, direction] { return SpeciesFolder::step(path, direction); });
+    if (!step)
         return false;
-    }
-    // A save question comes in between and may change the very file, which is then read again.
-    if (isModified)
-        return openEntry(step.found.path);
-    replaceDocument(step.found.path, step.found.content);
-    return true;
+    if (step->outcome == SpeciesFolder::Step::Outcome::Found && !isModified)
+        return replaceDocument(step->found.path, step->found.content, *stepping);
+    stepping.reset(); // whatever comes now, it asks or tells something first
+    // The save question may change the very file, which is then read again.
+    if (step->outcome == SpeciesFolder::Step::Outcome::Found)
+        return openEntry(step->found.path);
+    showWhyNoStep(this, step->outcome);
+    return false;
 }

@@ -8,6 +8,7 @@
 #include "spectrum/spectrumtabs.h"
 #include "spectrum/spectrumwatch.h"
 #include "spectrum/spectrumwindow.h"
+#include "support/longwork.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
@@ -126,15 +127,40 @@ QString SpectrumArea::addWithoutTitle(SpectrumWindow* window, bool quietly)
     return windowTitle;
 }
 
-void SpectrumArea::show(const QList<QJsonObject>& datasets, QWidget* document)
+std::optional<SpectrumArea::Windows> SpectrumArea::prepare(const QList<QJsonObject>& datasets,
+                                                           QWidget* document, LongWork& work)
+{
+    for (const QEvent::Type type : layoutEvents)
+        QCoreApplication::sendPostedEvents(nullptr, type);
+    // What windows put off is done when they are shown, and what all others do, too; until then it
+    // would only be in the way.
+    const auto takeBack = [] {
+        for (const QEvent::Type type : layoutEvents)
+            QCoreApplication::removePostedEvents(nullptr, type);
+    };
+    Windows windows;
+    windows.reserve(static_cast<std::size_t>(datasets.size()));
+    for (const QJsonObject& dataset : datasets) {
+        windows.push_back(SpectrumWindow::prepared(dataset, document));
+        takeBack();
+        if (!work.goOn(static_cast<qsizetype>(windows.size()), datasets.size())) {
+            windows.clear();
+            settleAround();
+            return {};
+        }
+    }
+    return windows;
+}
+
+void SpectrumArea::show(Windows windows)
 {
     area.setUpdatesEnabled(false);
     SpectrumTabs::Many manyTabs(*tabs);
     for (const QEvent::Type type : layoutEvents)
         QCoreApplication::sendPostedEvents(nullptr, type);
     QList<std::pair<SpectrumWindow*, QString>> titles;
-    for (const QJsonObject& dataset : datasets) {
-        auto* window = new SpectrumWindow(dataset, document);
+    for (auto& prepared : windows) {
+        SpectrumWindow* window = prepared.release(); // the area's from now on
         titles.append({window, addWithoutTitle(window, !titles.isEmpty())});
         manyTabs.hideAllButCurrent();
         // The first one fills the area; all others need not do so only to be covered by the next.

@@ -6,7 +6,12 @@
 #include <QJsonObject>
 #include <QList>
 
+#include <memory>
+#include <optional>
+#include <vector>
+
 class ClosedSpectra;
+class LongWork;
 class QMdiArea;
 class QWidget;
 class SpectrumTabs;
@@ -25,9 +30,16 @@ public:
     /// it.
     void add(SpectrumWindow* window);
 
-    /// Adds a window for each dataset, constructed with @p document as its parent, and activates
-    /// the first of all spectra. However many there are, what is seen is painted once.
-    void show(const QList<QJsonObject>& datasets, QWidget* document);
+    using Windows = std::vector<std::unique_ptr<SpectrumWindow>>;
+
+    /// A window for each dataset, constructed with @p document as its parent, which does not learn
+    /// of that; they are in no area yet. Nothing when the work was stopped.
+    [[nodiscard]] static std::optional<Windows> prepare(const QList<QJsonObject>& datasets,
+                                                        QWidget* document, LongWork& work);
+
+    /// Adds the windows, which nobody has seen yet, and activates the first of all spectra. However
+    /// many there are, what is seen is painted once.
+    void show(Windows windows);
 
     /// The spectrum in front; null when there is none.
     [[nodiscard]] SpectrumWindow* active() const;

@@ -45,6 +45,10 @@ void setDocumentModified(QObject* owner)
 } // namespace
 
 SpectrumWindow::SpectrumWindow(QWidget* parent)
+    : SpectrumWindow(parent, Telling::AtOnce)
+{}
+
+SpectrumWindow::SpectrumWindow(QWidget* parent, Telling telling)
     : QWidget(parent)
     , ui(std::make_unique<Ui::SpectrumWindow>())
     , mapper(new QDataWidgetMapper(this))
@@ -64,6 +68,8 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
     spectrumModel = new SpectrumModel(this, ui->textEditSpect);
     mapper->setModel(spectrumModel);
 
+    if (telling == Telling::AtOnce)
+        connectDocument();
     connectSignals();
     buildChart();
 
@@ -74,12 +80,26 @@ SpectrumWindow::SpectrumWindow(QWidget* parent)
 SpectrumWindow::SpectrumWindow(const QJsonObject& dataset, QWidget* parent)
     : SpectrumWindow(parent)
 {
+    showDataset(dataset);
+}
+
+SpectrumWindow::~SpectrumWindow() = default;
+
+std::unique_ptr<SpectrumWindow> SpectrumWindow::prepared(const QJsonObject& dataset,
+                                                         QWidget* document)
+{
+    std::unique_ptr<SpectrumWindow> window(new SpectrumWindow(document, Telling::Later));
+    window->showDataset(dataset);
+    window->connectDocument();
+    return window;
+}
+
+void SpectrumWindow::showDataset(const QJsonObject& dataset)
+{
     spectrumModel->fromJson(dataset);
     onSpectrumTypeChanged(spectrumModel->value(SpectrumModel::Type).toInt());
     updateChart();
 }
-
-SpectrumWindow::~SpectrumWindow() = default;
 
 SpectrumModel* SpectrumWindow::model() const
 {
@@ -124,13 +144,17 @@ void SpectrumWindow::fillMappingTable()
     };
 }
 
+void SpectrumWindow::connectDocument()
+{
+    if (qobject_cast<ModifiableDocument*>(documentOwner) == nullptr)
+        return;
+    const auto setModified = [owner = documentOwner] { setDocumentModified(owner); };
+    connect(spectrumModel, &SpectrumModel::dataChanged, documentOwner, setModified);
+    connect(ui->textEditSpect, &QPlainTextEdit::textChanged, documentOwner, setModified);
+}
+
 void SpectrumWindow::connectSignals()
 {
-    if (qobject_cast<ModifiableDocument*>(documentOwner) != nullptr) {
-        const auto setModified = [owner = documentOwner] { setDocumentModified(owner); };
-        connect(spectrumModel, &SpectrumModel::dataChanged, documentOwner, setModified);
-        connect(ui->textEditSpect, &QPlainTextEdit::textChanged, documentOwner, setModified);
-    }
     connect(ui->lineEditTitle, &QTextEdit::textChanged, this, &SpectrumWindow::updateWindowTitle);
     connect(ui->comboBoxType, &QComboBox::currentIndexChanged, this,
             &SpectrumWindow::onSpectrumTypeChanged);

@@ -34,6 +34,10 @@ public:
     explicit SpectrumWindow(const QJsonObject& dataset, QWidget* parent = nullptr);
     ~SpectrumWindow() override;
 
+    /// The same, but the document does not learn of what happens until the window is returned.
+    [[nodiscard]] static std::unique_ptr<SpectrumWindow> prepared(const QJsonObject& dataset,
+                                                                  QWidget* document);
+
     /// The dataset; owned by the window.
     [[nodiscard]] SpectrumModel* model() const;
 
@@ -59,9 +63,14 @@ private:
         const char* propertyName;
     };
 
+    enum class Telling { AtOnce, Later };
+
+    SpectrumWindow(QWidget* parent, Telling telling);
+    void showDataset(const QJsonObject& dataset);
     void arrange();
     void fillMappingTable();
     void connectSignals();
+    void connectDocument();
     void buildChart();
     void applyMappings(int type);
     void setCaptions(int type);

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "spectrum/spectrumarea.h"
+#include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
+#include "support/longwork.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/sandboxtest.h"
 #include "tests/support/testdocument.h"
@@ -94,14 +96,14 @@ private Q_SLOTS:
         QVERIFY(area->active() == nullptr);
         QVERIFY(area->records().isEmpty());
         QVERIFY(!area->closeActive());
-        area->show({}, document.get());
+        show({});
         QVERIFY(area->active() == nullptr);
     }
 
     void datasetsAreShownInTheirOrder()
     {
         const QStringList titles{u"one"_s, u"two"_s, u"three"_s};
-        area->show(datasets(titles), document.get());
+        show(datasets(titles));
         QCOMPARE(recordedTitles(), titles);
         QCOMPARE(captions(), titles);
         QCOMPARE(tabs(), titles);
@@ -116,7 +118,7 @@ private Q_SLOTS:
         bool isAnswered = false;
         QMetaObject::invokeMethod(
             mdiArea, [&isAnswered] { isAnswered = true; }, Qt::QueuedConnection);
-        area->show(datasets(QStringList(many, u"one"_s)), document.get());
+        show(datasets(QStringList(many, u"one"_s)));
         QVERIFY(!isAnswered);
         QCOMPARE(area->records().size(), many);
         QCoreApplication::processEvents();
@@ -134,7 +136,7 @@ private Q_SLOTS:
         // As a status does, in the midst of the opening.
         connect(mdiArea, &QMdiArea::subWindowActivated, label,
                 [label] { label->setText(u"Several words about the spectrum"_s); });
-        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        show(datasets({u"one"_s, u"two"_s, u"three"_s}));
         QCoreApplication::processEvents();
         QVERIFY(label->width() >= label->sizeHint().width());
         label->setText(u"Still more words, which take more than half of the line"_s);
@@ -142,17 +144,31 @@ private Q_SLOTS:
         QVERIFY(label->width() >= label->sizeHint().width());
     }
 
+    void documentLearnsNothingOfWindowsThatAreMade()
+    {
+        document->modifications = 0;
+        LongWork work(document.get(), {});
+        const auto windows =
+            SpectrumArea::prepare(datasets({u"one"_s, u"two"_s}), document.get(), work);
+        QVERIFY(windows.has_value());
+        QCOMPARE(windows->size(), 2U);
+        QCOMPARE(document->modifications, 0);
+        QVERIFY(area->records().isEmpty());
+        windows->front()->model()->setValue(SpectrumModel::Title, u"new"_s);
+        QCOMPARE(document->modifications, 1);
+    }
+
     void moreDatasetsComeBehindThoseThere()
     {
-        area->show(datasets({u"one"_s}), document.get());
-        area->show(datasets({u"two"_s, u"three"_s}), document.get());
+        show(datasets({u"one"_s}));
+        show(datasets({u"two"_s, u"three"_s}));
         QCOMPARE(recordedTitles(), QStringList({u"one"_s, u"two"_s, u"three"_s}));
         QCOMPARE(area->active()->windowTitle(), u"one"_s);
     }
 
     void addedSpectrumIsInFront()
     {
-        area->show(datasets({u"one"_s, u"two"_s}), document.get());
+        show(datasets({u"one"_s, u"two"_s}));
         auto* added = new SpectrumWindow(datasetTitled(u"three"_s), document.get());
         area->add(added);
         QCOMPARE(area->active(), added);
@@ -163,7 +179,7 @@ private Q_SLOTS:
 
     void captionFollowsTheBeginningOfTheTitle()
     {
-        area->show(datasets({u"one"_s}), document.get());
+        show(datasets({u"one"_s}));
         SpectrumWindow* window = area->active();
         window->setWindowTitle(QString(5000, u'x'));
         QCOMPARE(captions(), QStringList(QString(1000, u'x')));
@@ -174,7 +190,7 @@ private Q_SLOTS:
 
     void closedSpectrumIsGone()
     {
-        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        show(datasets({u"one"_s, u"two"_s, u"three"_s}));
         const QPointer<SpectrumWindow> first = area->active();
         QVERIFY(area->closeActive());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -194,7 +210,7 @@ private Q_SLOTS:
         tabBar()->setFocus(); // as in a window that was just opened
         QSignalSpy activated(mdiArea, &QMdiArea::subWindowActivated);
         constexpr qsizetype many = 60;
-        area->show(datasets(QStringList(many, u"one"_s)), document.get());
+        show(datasets(QStringList(many, u"one"_s)));
         QVERIFY2(style.measured < 20 * many, QByteArray::number(style.measured).constData());
         QVERIFY2(activated.size() <= 3, QByteArray::number(activated.size()).constData());
         QVERIFY(tabBar()->isVisible());
@@ -214,7 +230,7 @@ private Q_SLOTS:
         const CountingChild child(mdiArea->viewport());
         const QSignalSpy focused(qApp, &QApplication::focusChanged);
         const QSignalSpy activated(mdiArea, &QMdiArea::subWindowActivated);
-        area->show(datasets(QStringList(many, u"one"_s)), document.get());
+        show(datasets(QStringList(many, u"one"_s)));
         QVERIFY2(child.asked < few, QByteArray::number(child.asked).constData());
         QVERIFY2(focused.size() < few, QByteArray::number(focused.size()).constData());
 
@@ -227,7 +243,7 @@ private Q_SLOTS:
 
     void allAreShownAndOneIsActive()
     {
-        area->show(datasets(QStringList(5, u"one"_s)), document.get());
+        show(datasets(QStringList(5, u"one"_s)));
         QCoreApplication::processEvents();
         const QList<QMdiSubWindow*> subWindows = mdiArea->subWindowList();
         for (const QMdiSubWindow* subWindow : subWindows) {
@@ -244,18 +260,18 @@ private Q_SLOTS:
 
     void closingAllLaysOutNoOtherChart()
     {
-        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        show(datasets({u"one"_s, u"two"_s, u"three"_s}));
         QSignalSpy laidOut(chartOf(1), &QChart::plotAreaChanged);
         area->closeAll();
         QCOMPARE(laidOut.size(), 0);
-        area->show(datasets({u"four"_s}), document.get());
+        show(datasets({u"four"_s}));
         QVERIFY(mdiArea->activeSubWindow()->isMaximized());
         QVERIFY(mdiArea->updatesEnabled());
     }
 
     void keysGoFromSpectrumToSpectrum()
     {
-        area->show(datasets({u"one"_s, u"two"_s, u"three"_s}), document.get());
+        show(datasets({u"one"_s, u"two"_s, u"three"_s}));
         QStringList visited;
         for (int i = 0; i < 3; ++i) {
             elsewhere->setFocus();
@@ -267,6 +283,14 @@ private Q_SLOTS:
     }
 
 private:
+    void show(const QList<QJsonObject>& datasets)
+    {
+        LongWork work(document.get(), {});
+        auto windows = SpectrumArea::prepare(datasets, document.get(), work);
+        QVERIFY(windows.has_value());
+        area->show(std::move(*windows));
+    }
+
     [[nodiscard]] QTabBar* tabBar() const { return mdiArea->findChild<QTabBar*>(); }
 
     [[nodiscard]] QChart* chartOf(qsizetype number) const

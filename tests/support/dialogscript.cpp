@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -47,7 +48,12 @@ void DialogScript::answerOpenDialog()
     if (open == nullptr || !open->isVisible() || beingAnswered.contains(open))
         return;
 
-    if (QGuiApplication::overrideCursor() != nullptr)
+    // The person has to wait for work that goes on, not the work for the person.
+    const bool isWork = qobject_cast<QProgressDialog*>(open) != nullptr;
+    workWasSeen = workWasSeen || isWork;
+    if (isWork && workMayGoOn)
+        return;
+    if (!isWork && QGuiApplication::overrideCursor() != nullptr)
         complain(u"\"%1\" is open under the wait cursor"_s.arg(open->windowTitle()));
     if (script.empty()) {
         const auto* box = qobject_cast<QMessageBox*>(open);
@@ -130,6 +136,11 @@ void DialogScript::expectFileDialog(const QString& title, const QString& path,
         fileName->setText(QDir::toNativeSeparators(path));
         QMetaObject::invokeMethod(dialog, "accept");
     });
+}
+
+void DialogScript::letWorkGoOn()
+{
+    workMayGoOn = true;
 }
 
 void DialogScript::complain(const QString& problem)

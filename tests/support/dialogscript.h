@@ -44,6 +44,11 @@ public:
     /// add to report() with complain().
     void expect(const Answer& answer);
 
+    /// From now on work may show how far it is, until it ends by itself.
+    void letWorkGoOn();
+    /// Whether it did.
+    [[nodiscard]] bool sawWork() const { return workWasSeen; }
+
     void complain(const QString& problem);
 
     /// Whether all expected dialogs came, as expected, and no others.
@@ -57,4 +62,6 @@ private:
     std::queue<Answer> script;
     QList<QPointer<QWidget>> beingAnswered; ///< The innermost last.
     QStringList problems;
+    bool workMayGoOn = false;
+    bool workWasSeen = false;
 };

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "support/longwork.h"
+
+#include <QCoreApplication>
+#include <QProgressDialog>
+#include <QSemaphore>
+#include <QThreadPool>
+#include <QTimer>
+
+#include <algorithm>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::milliseconds usualPatience = 1s;
+/// Often enough for a key to be felt, seldom enough to cost nothing.
+constexpr std::chrono::milliseconds betweenLooks = 50ms;
+
+std::chrono::milliseconds currentPatience = usualPatience;
+int underWay = 0;
+
+/// Not those of the toolkit, for which painting waits; and always one more, as what was stopped
+/// before may still be working.
+QThreadPool& threads()
+{
+    static QThreadPool pool;
+    pool.setMaxThreadCount(pool.activeThreadCount() + 1);
+    return pool;
+}
+
+} // namespace
+
+LongWork::LongWork(QWidget* window, const QString& text)
+    : parent(window)
+    , what(text)
+    , patience(currentPatience)
+{
+    ++underWay;
+}
+
+LongWork::~LongWork()
+{
+    --underWay;
+}
+
+bool LongWork::isUnderWay()
+{
+    return underWay > 0;
+}
+
+void LongWork::whenOver(QObject* context, const std::function<void()>& action)
+{
+    if (isUnderWay()) {
+        QTimer::singleShot(betweenLooks, context, [context, action] { whenOver(context, action); });
+        return;
+    }
+    action();
+}
+
+void LongWork::setPatience(std::chrono::milliseconds time)
+{
+    currentPatience = time;
+}
+
+bool LongWork::runAside(const std::function<void()>& work)
+{
+    if (stopped)
+        return false;
+    const auto ended = std::make_shared<QSemaphore>();
+    threads().start([work, ended] {
+        work();
+        ended->release();
+    });
+    if (ended->tryAcquire(1, static_cast<int>(patience.remainingTime())))
+        return true;
+    if (dialog == nullptr)
+        show();
+    dialog->setRange(0, 0); // nobody knows how far it is
+    do
+        look();
+    while (!stopped && !ended->tryAcquire(1, static_cast<int>(betweenLooks.count())));
+    return !stopped;
+}
+
+bool LongWork::goOn(qsizetype done, qsizetype all)
+{
+    if (stopped)
+        return false;
+    if (!steps.isValid())
+        steps.start();
+    if (dialog == nullptr) {
+        if (!patience.hasExpired())
+            return true;
+        const auto left = std::chrono::milliseconds(steps.elapsed()) *
+                          static_cast<double>(all - done) / static_cast<double>(done + 1);
+        if (left < currentPatience)
+            return true;
+        show();
+    }
+    if (lastLook.isValid() && !lastLook.hasExpired(std::min(betweenLooks, currentPatience).count()))
+        return true;
+    constexpr int whole = 1000;
+    dialog->setRange(0, whole);
+    dialog->setValue(static_cast<int>(whole * done / std::max<qsizetype>(all, 1)));
+    look();
+    return !stopped;
+}
+
+void LongWork::show()
+{
+    dialog = std::make_unique<QProgressDialog>(
+        what, QCoreApplication::translate("LongWork", "Cancel"), 0, 0, parent);
+    dialog->setWindowTitle(QCoreApplication::translate("LongWork", "Please wait"));
+    dialog->setAccessibleName(what);
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->setAutoClose(false);
+    dialog->setAutoReset(false);
+    const auto stop = [this] { stopped = true; };
+    QObject::connect(dialog.get(), &QProgressDialog::canceled, dialog.get(), stop);
+    QObject::connect(dialog.get(), &QDialog::rejected, dialog.get(), stop);
+    dialog->show();
+}
+
+void LongWork::look()
+{
+    QCoreApplication::processEvents();
+    lastLook.start();
+}

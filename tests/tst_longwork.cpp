@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "support/longwork.h"
+#include "tests/support/sandboxtest.h"
+
+#include <QApplication>
+#include <QProgressBar>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QSemaphore>
+#include <QTest>
+#include <QThread>
+#include <QWidget>
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+/// Work that can take long: unseen while it is short, then with a dialog that can stop it.
+class TestLongWork : public SandboxTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() override
+    {
+        SandboxTest::init();
+        window = std::make_unique<QWidget>();
+        QVERIFY(TestSupport::showActive(*window));
+    }
+
+    void cleanup() override
+    {
+        LongWork::setPatience(1s);
+        window.reset();
+        SandboxTest::cleanup();
+        QVERIFY(!LongWork::isUnderWay());
+    }
+
+    void shortWorkDeliversNoEvent()
+    {
+        LongWork::setPatience(1h);
+        bool delivered = false;
+        QMetaObject::invokeMethod(
+            window.get(), [&delivered] { delivered = true; }, Qt::QueuedConnection);
+        LongWork work(window.get(), u"Counting"_s);
+        const QThread* here = QThread::currentThread();
+        QCOMPARE(work.aside([here] { return QThread::currentThread() != here; }), true);
+        for (int step = 0; step < 1000; ++step)
+            QVERIFY(work.goOn(step, 1000));
+        QVERIFY(!delivered);
+        QVERIFY(!work.isStopped());
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void dialogSaysWhatIsDoneAndHowFarItIs()
+    {
+        LongWork::setPatience(0ms);
+        QString text;
+        dialogs->expect([this, &text](QWidget& dialog) {
+            auto& progress = static_cast<QProgressDialog&>(dialog);
+            QCOMPARE(progress.parentWidget(), window.get());
+            QCOMPARE(progress.labelText(), u"Counting"_s);
+            QCOMPARE(progress.accessibleName(), u"Counting"_s);
+            text = progress.findChild<QProgressBar*>()->text();
+        });
+        LongWork work(window.get(), u"Counting"_s);
+        while (text.isEmpty())
+            QVERIFY(work.goOn(250, 1000));
+        QCOMPARE(text, u"25%"_s);
+    }
+
+    void nobodyKnowsHowFarWorkInAnotherThreadIs()
+    {
+        LongWork::setPatience(0ms);
+        QSemaphore mayEnd;
+        int maximum = -1;
+        dialogs->expect([&mayEnd, &maximum](QWidget& dialog) {
+            maximum = static_cast<QProgressDialog&>(dialog).maximum();
+            mayEnd.release();
+        });
+        LongWork work(window.get(), u"Counting"_s);
+        QCOMPARE(work.aside([&mayEnd] {
+            mayEnd.acquire();
+            return 7;
+        }),
+                 7);
+        QCOMPARE(maximum, 0);
+    }
+
+    void keyOrButtonStopsIt_data()
+    {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("key") << true;
+        QTest::newRow("button") << false;
+    }
+
+    void keyOrButtonStopsIt()
+    {
+        QFETCH(const bool, byKey);
+        LongWork::setPatience(0ms);
+        const auto mayEnd = std::make_shared<QSemaphore>();
+        const auto release = qScopeGuard([mayEnd] { mayEnd->release(); });
+        dialogs->expect([byKey](QWidget& dialog) {
+            if (byKey)
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+            else
+                QTest::mouseClick(dialog.findChild<QPushButton*>(), Qt::LeftButton);
+        });
+        {
+            LongWork work(window.get(), u"Counting"_s);
+            const auto result = work.aside([mayEnd] {
+                mayEnd->acquire();
+                return 7;
+            });
+            QVERIFY(!result.has_value());
+            QVERIFY(work.isStopped());
+            QVERIFY(!work.goOn(1, 2));
+            QVERIFY(!work.aside([] { return 8; }).has_value());
+        }
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void stoppedThreadsKeepNobodyWaiting()
+    {
+        LongWork::setPatience(0ms);
+        constexpr int several = 20;
+        const auto mayEnd = std::make_shared<QSemaphore>();
+        const auto release = qScopeGuard([mayEnd] { mayEnd->release(several); });
+        for (int i = 0; i < several; ++i) {
+            dialogs->expect([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+            LongWork work(window.get(), u"Counting"_s);
+            QVERIFY(!work.aside([mayEnd] {
+                             mayEnd->acquire();
+                             return 7;
+                         })
+                         .has_value());
+        }
+        LongWork::setPatience(1h);
+        LongWork work(window.get(), u"Counting"_s);
+        QCOMPARE(work.aside([] { return 8; }), 8);
+    }
+
+    void whatHasToWaitIsDoneAfterwards()
+    {
+        bool done = false;
+        {
+            const LongWork work(window.get(), u"Counting"_s);
+            QVERIFY(LongWork::isUnderWay());
+            LongWork::whenOver(window.get(), [&done] { done = true; });
+            QVERIFY(!done);
+        }
+        QTRY_VERIFY(done);
+        done = false;
+        LongWork::whenOver(window.get(), [&done] { done = true; });
+        QVERIFY(done);
+    }
+
+private:
+    std::unique_ptr<QWidget> window;
+};
+
+QTEST_MAIN(TestLongWork)
+#include "tst_longwork.moc"

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "spectrum/spectrumwindow.h"
+#include "support/longwork.h"
+#include "tests/support/documentwindow.h"
+#include "tests/support/windowtest.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QMdiArea>
+#include <QPlainTextEdit>
+#include <QProgressDialog>
+#include <QStatusBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace TestSupport;
+using namespace std::chrono_literals;
+
+/// Escape stops what takes long, and leaves the entry that was open exactly as it was.
+class TestStopping : public WindowTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() override
+    {
+        WindowTest::init();
+        QVERIFY(window->openEntry(entry(u"open/old.json"_s, {u"one"_s, u"two"_s})));
+        typePoints();
+        rememberFolder(sandbox->path(u"remembered"_s));
+        LongWork::setPatience(0ms);
+    }
+
+    void cleanup() override
+    {
+        LongWork::setPatience(1s);
+        WindowTest::cleanup();
+    }
+
+    void entryStaysAsItIs_data()
+    {
+        QTest::addColumn<QByteArray>("way");
+        QTest::addColumn<bool>("late");
+        for (const char* way : {"open", "drop", "step", "step modified"}) {
+            QTest::addRow("%s, at once", way) << QByteArray(way) << false;
+            QTest::addRow("%s, while spectra are made", way) << QByteArray(way) << true;
+        }
+    }
+
+    void entryStaysAsItIs()
+    {
+        QFETCH(const QByteArray, way);
+        QFETCH(const bool, late);
+        const QString path = entry(u"open/old2.json"_s, many);
+        if (way == "step") {
+            LongWork::setPatience(1h);
+            trigger(*window, "actionSaveSpecies");
+            LongWork::setPatience(0ms);
+        }
+        const Seen before = seen();
+        const QByteArray file = sandbox->read(u"open/old.json"_s);
+        if (way == "step modified")
+            LongWork::setPatience(1h); // until the question
+        if (way != "step")
+            discard();
+        stop(late);
+        if (way == "open")
+            QVERIFY(!window->openEntry(path));
+        else if (way == "drop")
+            QVERIFY(dropFile(*window, *window->centralWidget(), path));
+        else
+            trigger(*window, "actionNextFile");
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+        QVERIFY(showActive(*window));
+        QVERIFY(seen() == before);
+        QCOMPARE(sandbox->read(u"open/old.json"_s), file);
+        goOnEditing();
+    }
+
+    void nothingElseIsDoneMeanwhile()
+    {
+        const QString other = entry(u"other.json"_s, {u"other"_s});
+        const Seen before = seen();
+        dialogs->expectSaveQuestion(QMessageBox::Discard);
+        dialogs->expect([this, &other](QWidget& dialog) {
+            QVERIFY(!window->openEntry(other));
+            QVERIFY(!dropFile(*window, *window->centralWidget(), other));
+            QVERIFY(!window->close());
+            window->cleanUp();
+            window->loadNextSpeciesFile();
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        QVERIFY(!window->openEntry(entry(u"new.json"_s, many)));
+        QVERIFY(showActive(*window));
+        QVERIFY(seen() == before);
+    }
+
+    void brokenFileIsToldBehindTheDialog()
+    {
+        const QString path = sandbox->write(u"b.json"_s, "{\"Type\":");
+        dialogs->letWorkGoOn();
+        dialogs->expectSaveQuestion(QMessageBox::Discard);
+        dialogs->expectBox(QMessageBox::Warning, u"Invalid Species File"_s,
+                           u"The file %1 is not a valid species file."_s.arg(path));
+        QVERIFY(!window->openEntry(path));
+    }
+
+    void entryOpensBehindTheDialog()
+    {
+        const QString path = entry(u"new.json"_s, QStringList(30, u"new"_s));
+        dialogs->expectSaveQuestion(QMessageBox::Discard);
+        dialogs->letWorkGoOn();
+        QVERIFY(window->openEntry(path));
+        QVERIFY(dialogs->sawWork());
+        QCOMPARE(window->windowTitle(), u"KORVELA Entry Edit - new.json"_s);
+        QCOMPARE(spectrumTitles(*window), QStringList(30, u"new"_s));
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QVERIFY(showActive(*window));
+        QVERIFY(spectra(*window).constFirst()->isAncestorOf(QApplication::focusWidget()));
+    }
+
+private:
+    /// All that a person can tell of the entry that is open.
+    struct Seen
+    {
+        QString title;
+        QString status;
+        QString folder;
+        QList<SpectrumWindow*> spectra;
+        const QMdiSubWindow* front;
+        QString points;
+        int caret;
+        int undoSteps;
+        QString name;
+        bool operator==(const Seen&) const = default;
+    };
+
+    [[nodiscard]] Seen seen() const
+    {
+        const QPlainTextEdit* list = points();
+        return {window->windowTitle(),
+                window->statusBar()->currentMessage(),
+                rememberedFolder(),
+                spectra(*window),
+                child<QMdiArea>(*window, "mdiArea")->activeSubWindow(),
+                list->toPlainText(),
+                list->textCursor().position(),
+                list->document()->availableUndoSteps(),
+                cell(*window, SpeciesModel::Name)};
+    }
+
+    [[nodiscard]] QPlainTextEdit* points() const
+    {
+        return child<QPlainTextEdit>(*spectra(*window).constFirst(), "textEditSpect");
+    }
+
+    void typePoints()
+    {
+        points()->setFocus();
+        QTest::keyClicks(points(), u"9.5 1"_s);
+        QTest::keyClick(points(), Qt::Key_Return);
+    }
+
+    /// What was typed can be taken back, and what is typed arrives.
+    void goOnEditing()
+    {
+        const QString before = points()->toPlainText();
+        points()->setFocus();
+        QTest::keyClicks(points(), u"8"_s);
+        QVERIFY(points()->toPlainText() != before);
+        while (points()->document()->isUndoAvailable())
+            QTest::keyClick(points(), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!points()->toPlainText().contains(u"9.5"_s));
+    }
+
+    /// Answers the save question, and is impatient from then on.
+    void discard()
+    {
+        dialogs->expect([](QWidget& dialog) {
+            LongWork::setPatience(0ms);
+            static_cast<QMessageBox&>(dialog).button(QMessageBox::Discard)->click();
+        });
+    }
+
+    /// Escape, in the dialog that is open; @p late as soon as it knows how far the work is.
+    void stop(bool late)
+    {
+        dialogs->expect([this, late](QWidget& dialog) {
+            auto* progress = qobject_cast<QProgressDialog*>(&dialog);
+            if (progress != nullptr && late && progress->maximum() == 0)
+                stop(late);
+            else
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+    }
+
+    [[nodiscard]] QString entry(const QString& name, const QStringList& titles) const
+    {
+        QDir(sandbox->path()).mkpath(u"open"_s);
+        return sandbox->write(name, speciesFile(u"Water"_s, titles));
+    }
+
+    const QStringList many = QStringList(60, u"new"_s);
+};
+
+QTEST_MAIN(TestStopping)
+#include "tst_stopping.moc"
