@@ -28,14 +28,16 @@ void PointListEdit::insertFromMimeData(const QMimeData* source)
 
 void PointListEdit::resizeEvent(QResizeEvent* event)
 {
-    const std::pair<int, const QTextDocument*> wanted{event->size().width(), document()};
+    const int width = event->size().width();
+    const bool isWrapped = wrapped == document() && wrapWidth == width;
     // A list that is shown is told of its size as if it had had none before, and would wrap all its
     // lines anew, which leaves some 340 bytes behind for each of them.
-    if (!event->oldSize().isValid() && wrapped == wanted) {
-        QResizeEvent sameWidth(event->size(), {event->size().width(), -1});
+    if (!event->oldSize().isValid() && isWrapped) {
+        QResizeEvent sameWidth(event->size(), {width, -1});
         QPlainTextEdit::resizeEvent(&sameWidth);
     } else {
         QPlainTextEdit::resizeEvent(event);
     }
-    wrapped = wanted;
+    wrapped = document();
+    wrapWidth = width;
 }

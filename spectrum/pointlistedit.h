@@ -4,8 +4,8 @@
 #pragma once
 
 #include <QPlainTextEdit>
-
-#include <utility>
+#include <QPointer>
+#include <QTextDocument>
 
 /// The list of points: plain text of up to a hundred thousand lines and more. What is selected or
 /// pasted goes there and back as text; by way of the toolkit's document fragments, selecting all of
@@ -23,6 +23,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// What lines were last wrapped for: the width of the view, and the document.
-    std::pair<int, const QTextDocument*> wrapped{-1, nullptr};
+    QPointer<const QTextDocument> wrapped; ///< Whose lines were wrapped last,
+    int wrapWidth = 0;                     ///< and for this width of the view.
 };
