@@ -107,6 +107,8 @@ private:
 
     // Spectrum windows
     void addSpectrumWindow(SpectrumWindow* window);
+    /// Adds a window for the dataset; false when the work was stopped.
+    bool addSpectrum(const QJsonObject& dataset, LongWork& work);
     void copySpectrum();
     void pasteSpectrum();
     void openSpectrum();

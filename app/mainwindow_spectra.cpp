@@ -11,13 +11,17 @@
 #include "support/jsonfile.h"
 #include "support/jsonfiledialog.h"
 #include "support/lastopenfolder.h"
+#include "support/longwork.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
 #include "widgets/entrystatus.h"
 
 #include <QClipboard>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QPointer>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +30,15 @@ void MainWindow::addSpectrumWindow(SpectrumWindow* window)
     spectra->add(window);
     window->setFocus();
     setModified(true);
+}
+
+bool MainWindow::addSpectrum(const QJsonObject& dataset, LongWork& work)
+{
+    auto windows = SpectrumArea::prepare({dataset}, this, work);
+    if (!windows)
+        return false;
+    addSpectrumWindow(windows->front().release());
+    return true;
 }
 
 void MainWindow::createNewSpectrumWindow()
@@ -54,18 +67,23 @@ void MainWindow::copySpectrum()
 
 void MainWindow::pasteSpectrum()
 {
+    if (LongWork::isUnderWay())
+        return;
     const WaitCursor waiting;
-    const QByteArray text = QGuiApplication::clipboard()->text().toUtf8();
-    const QJsonDocument document = QJsonDocument::fromJson(text);
-    if (!document.isObject()) {
+    const QString text = QGuiApplication::clipboard()->text();
+    auto pasting = std::make_unique<LongWork>(this, tr("Pasting a spectrum"));
+    const auto document = pasting->aside([text] { return QJsonDocument::fromJson(text.toUtf8()); });
+    if (!document)
+        return;
+    if (document->isObject() && SpectrumContainer::isSpectrum(document->object())) {
+        addSpectrum(document->object(), *pasting);
+        return;
+    }
+    pasting.reset();
+    if (!document->isObject())
         Messages::warning(this, tr("Error"), tr("Clipboard does not contain a valid spectrum."));
-        return;
-    }
-    if (!SpectrumContainer::isSpectrum(document.object())) {
+    else
         Messages::critical(this, tr("Error"), tr("Format error, cannot paste."));
-        return;
-    }
-    addSpectrumWindow(new SpectrumWindow(document.object(), this));
 }
 
 void MainWindow::openSpectrum()
@@ -73,17 +91,21 @@ void MainWindow::openSpectrum()
     // A cancelled dialog answers with an empty path, which goes on to the message on purpose.
     const QString path = JsonFileDialog::nameToOpen(this, tr("Open Spectrum JSON File"));
     const WaitCursor waiting;
-    const JsonFile::ReadResult file = JsonFile::read(path);
-    if (!file.opened) {
+    auto opening =
+        std::make_unique<LongWork>(this, tr("Opening %1").arg(QFileInfo(path).fileName()));
+    const auto file = opening->aside([path] { return JsonFile::read(path); });
+    if (!file)
+        return;
+    if (file->opened && SpectrumContainer::isSpectrum(file->object)) {
+        if (addSpectrum(file->object, *opening))
+            LastOpenFolder::rememberFolderOf(path);
+        return;
+    }
+    opening.reset();
+    if (!file->opened)
         Messages::warning(this, tr("Error"), tr("Could not open file for reading"));
-        return;
-    }
-    if (!SpectrumContainer::isSpectrum(file.object)) {
+    else
         Messages::critical(this, tr("Error"), tr("Spectrum not found in JSON file. Load aborted."));
-        return;
-    }
-    addSpectrumWindow(new SpectrumWindow(file.object, this));
-    LastOpenFolder::rememberFolderOf(path);
 }
 
 void MainWindow::saveSpectrum()

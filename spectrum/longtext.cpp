@@ -54,20 +54,26 @@ void settleSize(QPlainTextEdit& list)
     list.setVerticalScrollBarPolicy(policy);
 }
 
-void fill(QTextDocument& document, const QList<QStringView>& pieces)
+bool fill(QTextDocument& document, const QList<QStringView>& pieces,
+          const LongText::GoOn& goOn = {})
 {
+    constexpr qsizetype betweenQuestions = 512; // pieces
+    bool wanted = true;
     const bool wasUndoable = document.isUndoRedoEnabled();
     document.setUndoRedoEnabled(false);
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     document.setPlainText(QString(pieces.size() - 1, u'\n'));
-    for (qsizetype i = pieces.size() - 1; i >= 0; --i) { // those before are empty lines yet
+    for (qsizetype i = pieces.size() - 1; i >= 0 && wanted; --i) { // before are empty lines yet
+        if (goOn && i % betweenQuestions == 0)
+            wanted = goOn(pieces.size() - i, pieces.size());
         const QStringView piece = pieces.at(i);
         cursor.setPosition(static_cast<int>(i));
         cursor.insertText(QString::fromRawData(piece.data(), piece.size()));
     }
     cursor.endEditBlock();
     document.setUndoRedoEnabled(wasUndoable);
+    return wanted;
 }
 
 } // namespace
@@ -83,12 +89,12 @@ void setPlainText(QTextDocument& document, const QString& text)
         fill(document, pieces);
 }
 
-void setPlainText(QPlainTextEdit& list, const QString& text)
+bool setPlainText(QPlainTextEdit& list, const QString& text, const GoOn& goOn)
 {
     const QList<QStringView> pieces = piecesOf(text);
     if (pieces.size() < 2) {
         list.setPlainText(text);
-        return;
+        return true;
     }
     if (!list.isVisible())
         settleSize(list);
@@ -97,9 +103,10 @@ void setPlainText(QPlainTextEdit& list, const QString& text)
     QTextCursor start(list.document());
     start.setKeepPositionOnInsert(true);
     list.setTextCursor(start);
-    fill(*list.document(), pieces);
+    const bool isWhole = fill(*list.document(), pieces, goOn);
     list.document()->setModified(false);
     list.setTextCursor(QTextCursor(list.document()));
+    return isWhole;
 }
 
 } // namespace LongText

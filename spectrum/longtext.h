@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class QPlainTextEdit;
 class QTextDocument;
 
@@ -16,7 +18,9 @@ namespace LongText {
 void setPlainText(QTextDocument& document, const QString& text);
 
 /// As QPlainTextEdit::setPlainText() does: nothing can be undone, the caret stands at the start,
-/// and textChanged() is emitted once.
-void setPlainText(QPlainTextEdit& list, const QString& text);
+/// and textChanged() is emitted once. Asks now and then whether to go on, saying how much of how
+/// much is done; when not, a part of the text is left out, and false is returned.
+using GoOn = std::function<bool(qsizetype done, qsizetype all)>;
+bool setPlainText(QPlainTextEdit& list, const QString& text, const GoOn& goOn = {});
 
 } // namespace LongText

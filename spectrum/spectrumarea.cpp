@@ -141,9 +141,10 @@ std::optional<SpectrumArea::Windows> SpectrumArea::prepare(const QList<QJsonObje
     Windows windows;
     windows.reserve(static_cast<std::size_t>(datasets.size()));
     for (const QJsonObject& dataset : datasets) {
-        windows.push_back(SpectrumWindow::prepared(dataset, document));
+        work.beginPart(static_cast<qsizetype>(windows.size()), datasets.size());
+        windows.push_back(SpectrumWindow::prepared(dataset, document, work));
         takeBack();
-        if (!work.goOn(static_cast<qsizetype>(windows.size()), datasets.size())) {
+        if (windows.back() == nullptr || !work.goOn(1, 1)) {
             windows.clear();
             settleAround();
             return {};

@@ -8,6 +8,7 @@
 #include "spectrum/pointtext.h"
 #include "spectrum/spectrumpoints.h"
 #include "support/cleanedhtml.h"
+#include "support/longwork.h"
 #include "support/messages.h"
 #include "support/waitcursor.h"
 
@@ -17,6 +18,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
@@ -102,6 +104,21 @@ QList<QPointF> pointsOf(const QJsonObject& record)
     return points;
 }
 
+/// The point text of a record.
+QString loadedText(const QJsonObject& record)
+{
+    // Loading rounds to six significant digits on purpose: the editor shows what a spectrometer can
+    // tell apart, and what is shown is what is saved.
+    return PointText::loadedText(pointsOf(record));
+}
+
+/// How many points the record has at most.
+qsizetype sizeOf(const QJsonObject& record)
+{
+    return std::max(record.value(energyKey).toArray().size(),
+                    record.value(pointObjectsKey).toArray().size());
+}
+
 } // namespace
 
 SpectrumModel::SpectrumModel(QObject* parent, QPlainTextEdit* editor)
@@ -159,7 +176,34 @@ QJsonObject SpectrumModel::toJson() const
 void SpectrumModel::fromJson(const QJsonObject& record)
 {
     const QSignalBlocker blocker(this);
+    readCells(record);
+    pointLines = loadedText(record);
+    writePointText(Undoing::Impossible);
+}
 
+bool SpectrumModel::fromJson(const QJsonObject& record, LongWork& work)
+{
+    constexpr qsizetype fewPoints = 50'000; // for which no thread is worth it
+    if (sizeOf(record) < fewPoints) {
+        fromJson(record);
+        return true;
+    }
+    auto lines = work.aside([record] { return loadedText(record); });
+    if (!lines)
+        return false;
+    const QSignalBlocker blocker(this);
+    readCells(record);
+    pointLines = std::move(*lines);
+    if (pointText == nullptr)
+        return true;
+    const QScopedValueRollback<bool> writing(writingPointText, true);
+    return LongText::setPlainText(*pointText, pointLines, [&work](qsizetype done, qsizetype all) {
+        return work.goOn(done, all);
+    });
+}
+
+void SpectrumModel::readCells(const QJsonObject& record)
+{
     for (const Field& field : commonTexts)
         setValue(field.column, record.value(field.key).toString());
     setValue(LineSpectrum, record.value(lineSpectrumKey).toBool());
@@ -170,16 +214,6 @@ void SpectrumModel::fromJson(const QJsonObject& record)
         setValue(field.column, record.value(field.key).toString());
     for (const Field& field : textsOfOtherKind(type))
         setValue(field.column, QVariant());
-
-    readPointArrays(record);
-    writePointText(Undoing::Impossible);
-}
-
-void SpectrumModel::readPointArrays(const QJsonObject& record)
-{
-    // Loading rounds to six significant digits on purpose: the editor shows what a spectrometer can
-    // tell apart, and what is shown is what is saved.
-    pointLines = PointText::loadedText(pointsOf(record));
 }
 
 void SpectrumModel::normalizeSpectrum()

@@ -10,6 +10,7 @@
 #include <QPointF>
 #include <QString>
 
+class LongWork;
 class QPlainTextEdit;
 class QTimer;
 
@@ -69,6 +70,10 @@ public:
     /// missing keys and values of another type read as empty, 0 or false.
     void fromJson(const QJsonObject& record);
 
+    /// The same for as many points as there may be. When the work was stopped, returns false, and
+    /// what the model has is no record.
+    [[nodiscard]] bool fromJson(const QJsonObject& record, LongWork& work);
+
 Q_SIGNALS:
     /// The points, or how they are to be drawn, have changed.
     void spectrumDataChanged();
@@ -88,7 +93,7 @@ private:
     /// Whether what is put into the editor can be taken back there.
     enum class Undoing { Possible, Impossible };
 
-    void readPointArrays(const QJsonObject& record);
+    void readCells(const QJsonObject& record);
     void replacePoints(const QString& lines);
     void writePointText(Undoing undoing);
 

@@ -80,23 +80,25 @@ SpectrumWindow::SpectrumWindow(QWidget* parent, Telling telling)
 SpectrumWindow::SpectrumWindow(const QJsonObject& dataset, QWidget* parent)
     : SpectrumWindow(parent)
 {
-    showDataset(dataset);
+    spectrumModel->fromJson(dataset);
+    showDataset();
 }
 
 SpectrumWindow::~SpectrumWindow() = default;
 
 std::unique_ptr<SpectrumWindow> SpectrumWindow::prepared(const QJsonObject& dataset,
-                                                         QWidget* document)
+                                                         QWidget* document, LongWork& work)
 {
     std::unique_ptr<SpectrumWindow> window(new SpectrumWindow(document, Telling::Later));
-    window->showDataset(dataset);
+    if (!window->spectrumModel->fromJson(dataset, work))
+        return nullptr;
+    window->showDataset();
     window->connectDocument();
     return window;
 }
 
-void SpectrumWindow::showDataset(const QJsonObject& dataset)
+void SpectrumWindow::showDataset()
 {
-    spectrumModel->fromJson(dataset);
     onSpectrumTypeChanged(spectrumModel->value(SpectrumModel::Type).toInt());
     updateChart();
 }

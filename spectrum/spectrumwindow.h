@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class LongWork;
 class QDataWidgetMapper;
 class QJsonObject;
 class SpectrumModel;
@@ -34,9 +35,11 @@ public:
     explicit SpectrumWindow(const QJsonObject& dataset, QWidget* parent = nullptr);
     ~SpectrumWindow() override;
 
-    /// The same, but the document does not learn of what happens until the window is returned.
+    /// The same, but the document does not learn of what happens until the window is returned. Null
+    /// when the work was stopped.
     [[nodiscard]] static std::unique_ptr<SpectrumWindow> prepared(const QJsonObject& dataset,
-                                                                  QWidget* document);
+                                                                  QWidget* document,
+                                                                  LongWork& work);
 
     /// The dataset; owned by the window.
     [[nodiscard]] SpectrumModel* model() const;
@@ -66,7 +69,7 @@ private:
     enum class Telling { AtOnce, Later };
 
     SpectrumWindow(QWidget* parent, Telling telling);
-    void showDataset(const QJsonObject& dataset);
+    void showDataset();
     void arrange();
     void fillMappingTable();
     void connectSignals();

@@ -39,6 +39,7 @@ LongWork::LongWork(QWidget* window, const QString& text)
     , patience(currentPatience)
 {
     ++underWay;
+    steps.start();
 }
 
 LongWork::~LongWork()
@@ -85,18 +86,25 @@ bool LongWork::runAside(const std::function<void()>& work)
     return !stopped;
 }
 
+void LongWork::beginPart(qsizetype part, qsizetype parts)
+{
+    if (part == 0)
+        steps.start();
+    partSize = 1.0 / static_cast<double>(parts);
+    partsDone = static_cast<double>(part) * partSize;
+}
+
 bool LongWork::goOn(qsizetype done, qsizetype all)
 {
     if (stopped)
         return false;
-    if (!steps.isValid())
-        steps.start();
+    if (dialog == nullptr && !patience.hasExpired())
+        return true;
+    const double share =
+        partsDone + partSize * static_cast<double>(done) / static_cast<double>(all);
     if (dialog == nullptr) {
-        if (!patience.hasExpired())
-            return true;
-        const auto left = std::chrono::milliseconds(steps.elapsed()) *
-                          static_cast<double>(all - done) / static_cast<double>(done + 1);
-        if (left < currentPatience)
+        const double left = static_cast<double>(steps.elapsed()) * (1 - share);
+        if (left < share * static_cast<double>(currentPatience.count()))
             return true;
         show();
     }
@@ -104,7 +112,7 @@ bool LongWork::goOn(qsizetype done, qsizetype all)
         return true;
     constexpr int whole = 1000;
     dialog->setRange(0, whole);
-    dialog->setValue(static_cast<int>(whole * done / std::max<qsizetype>(all, 1)));
+    dialog->setValue(static_cast<int>(whole * share));
     look();
     return !stopped;
 }

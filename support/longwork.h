@@ -45,8 +45,10 @@ public:
         return std::move(*result);
     }
 
-    /// To be asked between two steps, the first of which began at the first question: whether to go
-    /// on. @p done of @p all steps are done.
+    /// What is done next is one of several equal parts, the first of them @p part 0.
+    void beginPart(qsizetype part, qsizetype parts);
+
+    /// To be asked between two steps of a part: whether to go on. @p done of @p all are done.
     [[nodiscard]] bool goOn(qsizetype done, qsizetype all);
 
     /// Whether it was stopped.
@@ -71,7 +73,9 @@ private:
     QString what;
     std::unique_ptr<QProgressDialog> dialog;
     QDeadlineTimer patience;
-    QElapsedTimer steps;    ///< Since the first question.
+    QElapsedTimer steps;    ///< Since the first part began.
     QElapsedTimer lastLook; ///< Since events were delivered.
     bool stopped = false;
+    double partsDone = 0; ///< Of all of them, from 0 to 1.
+    double partSize = 1;
 };

@@ -7,12 +7,14 @@
 #include "tests/support/windowtest.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QDir>
 #include <QMdiArea>
 #include <QPlainTextEdit>
 #include <QProgressDialog>
 #include <QStatusBar>
 #include <QTest>
+#include <QTextBlock>
 
 using namespace Qt::StringLiterals;
 using namespace TestSupport;
@@ -78,6 +80,49 @@ private Q_SLOTS:
         QVERIFY(seen() == before);
         QCOMPARE(sandbox->read(u"open/old.json"_s), file);
         goOnEditing();
+    }
+
+    void entryStaysAsItIsWithoutTheSpectrum_data()
+    {
+        QTest::addColumn<bool>("pasted");
+        QTest::addColumn<bool>("late");
+        QTest::newRow("opened, at once") << false << false;
+        QTest::newRow("opened, while its lines are put in") << false << true;
+        QTest::newRow("pasted, at once") << true << false;
+        QTest::newRow("pasted, while its lines are put in") << true << true;
+    }
+
+    void entryStaysAsItIsWithoutTheSpectrum()
+    {
+        QFETCH(const bool, pasted);
+        QFETCH(const bool, late);
+        const QByteArray file = longSpectrum();
+        const QString path = sandbox->write(u"s.json"_s, file);
+        if (pasted)
+            QGuiApplication::clipboard()->setText(QString::fromLatin1(file));
+        else
+            dialogs->expectFileDialog(u"Open Spectrum JSON File"_s, path);
+        const Seen before = seen();
+        stop(late);
+        trigger(*window, pasted ? "actionPaste" : "actionLoadSpectrum");
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QVERIFY(showActive(*window));
+        QVERIFY(seen() == before);
+        goOnEditing();
+    }
+
+    void longSpectrumOpensBehindTheDialog()
+    {
+        dialogs->expectFileDialog(u"Open Spectrum JSON File"_s,
+                                  sandbox->write(u"s.json"_s, longSpectrum()));
+        dialogs->letWorkGoOn();
+        trigger(*window, "actionLoadSpectrum");
+        QVERIFY(dialogs->sawWork());
+        const auto* list = child<QPlainTextEdit>(*spectra(*window).constLast(), "textEditSpect");
+        QCOMPARE(list->blockCount(), pointsOfALongSpectrum);
+        QCOMPARE(list->document()->firstBlock().text(), u"1; 2"_s);
+        QCOMPARE(list->document()->lastBlock().text(), u"1; 2"_s);
+        QCOMPARE(rememberedFolder(), sandbox->path());
     }
 
     void nothingElseIsDoneMeanwhile()
@@ -162,6 +207,18 @@ private:
         points()->setFocus();
         QTest::keyClicks(points(), u"9.5 1"_s);
         QTest::keyClick(points(), Qt::Key_Return);
+    }
+
+    static constexpr int pointsOfALongSpectrum = 60'000;
+
+    /// A spectrum file with so many points that they are not put in at once.
+    [[nodiscard]] static QByteArray longSpectrum()
+    {
+        const auto array = [](const QByteArray& number) -> QByteArray {
+            return '[' + QByteArray(number + ',').repeated(pointsOfALongSpectrum - 1) + number +
+                   ']';
+        };
+        return R"({"Type":"Spectrum v1","E":)" + array("1") + R"(,"I":)" + array("2") + '}';
     }
 
     /// What was typed can be taken back, and what is typed arrives.
