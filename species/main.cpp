@@ -32,7 +32,7 @@ void endAfterItsTime()
     event.sigev_notify = SIGEV_SIGNAL;
     event.sigev_signo = SIGKILL;
     timer_t timer = nullptr;
-    constexpr itimerspec time{{0, 0}, {3, 0}};
+    constexpr itimerspec time{{0, 0}, {2, 0}};
     if (timer_create(CLOCK_PROCESS_CPUTIME_ID, &event, &timer) == 0)
         timer_settime(timer, 0, &time, nullptr);
 }

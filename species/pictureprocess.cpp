@@ -24,7 +24,7 @@ namespace {
 
 #ifdef Q_OS_UNIX
 
-constexpr rlim_t mostSeconds = 3;
+constexpr rlim_t mostSeconds = 2;
 
 /// Runs in the new process before its program. macOS takes the limit of memory but does not hold
 /// it; not tried there.

@@ -7,7 +7,7 @@
 
 /// The process in which pictures other than PNG files are read: drawings and photographs of a few
 /// kilobytes can make their readers work for minutes or fill the memory. It gets the bytes of the
-/// picture and nothing else, gives a PNG file back, and is ended after 3 seconds of processor time,
+/// picture and nothing else, gives a PNG file back, and is ended after 2 seconds of processor time,
 /// or when it wants more than 256 MiB. It gives up network and files before it reads (Confinement).
 namespace PictureProcess {
 

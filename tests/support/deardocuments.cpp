@@ -3,6 +3,8 @@
 
 #include "tests/support/dearfiles.h"
 
+#include <algorithm>
+
 namespace {
 
 QByteArray file(const QByteArray& members)
@@ -100,6 +102,19 @@ QByteArray sticksBackAndForth(int count)
                     R"(, "LineSpectrum": true)");
 }
 
+/// The dearest picture, which is given up, beside a text that costs much.
+QByteArray pictureAndText(int length)
+{
+    constexpr int circles = 20'000;
+    const auto drawing = std::find_if(
+        DearFiles::drawings().begin(), DearFiles::drawings().end(),
+        [](const auto& each) { return each.name == QByteArray("drawing/transparent circles"); });
+    QByteArray bytes = drawing->make(circles);
+    const QByteArray words = QByteArray("photoelectron ").repeated(length / 14);
+    const QByteArray text = R"("Aliases": "<nobr>)" + words + '"';
+    return bytes.replace(R"("Name": "x")", text);
+}
+
 QByteArray titles(int length)
 {
     QByteArrayList spectra;
@@ -140,6 +155,7 @@ const QList<Family>& documents()
         {"document/energies alone", 400'000, energiesAlone},
         {"document/back and forth", 700'000, backAndForth},
         {"document/sticks back and forth", 700'000, sticksBackAndForth},
+        {"document/picture and text", 2'600'000, pictureAndText},
         {"document/titles", 14'000, titles},
         {"document/long date", 2'900'000, longDate},
         {"document/long CAS number", 2'900'000, longCasNumber},

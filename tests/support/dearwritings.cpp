@@ -70,7 +70,6 @@ const QString styled = u"<span style=\"color:red;font-size:99px\">x</span>"_s;
 const QString largeLetters = uR"(<span style="font-size:300px">)"_s;
 const QString quotations = u"<blockquote>"_s.repeated(900);
 const QString unbroken = u"<nobr>"_s;
-const QString wideCells = u"<table><tr><td colspan=1000>x</table>"_s;
 
 /// Words that are all in the same markup.
 template <const QString& beginning>
@@ -79,15 +78,12 @@ QByteArray words(int kilobytes)
     return inOneField("Aliases", u"photoelectron "_s, kilobytes, beginning);
 }
 
-/// In a field of each spectrum, as often as it says.
-QByteArray cellsOfManyColumns(int count)
+QByteArray cellsOfManyColumns(int columns)
 {
-    QJsonObject file{{u"Type"_s, u"Species v1"_s}};
-    for (int i = 1; i <= mostDatasets; ++i) {
-        file.insert(QString("Dataset%1"_L1).arg(i),
-                    QJsonObject{{u"FurtherComments"_s, wideCells.repeated(count)}});
-    }
-    return QJsonDocument(file).toJson();
+    const QString number = QString::number(columns);
+    const QString cell = "<table><tr><td colspan="_L1 + number + " rowspan="_L1 + number + ">x"_L1;
+    constexpr int kilobytes = 80;
+    return inEverySpectrum(cell, kilobytes);
 }
 
 template <const QString& unit>
@@ -142,7 +138,7 @@ const QList<Family>& writings()
         {"markup/large letters", kilobytes, words<largeLetters>},
         {"markup/nested quotations", kilobytes - 20, words<quotations>},
         {"markup/unbroken words", kilobytes, words<unbroken>},
-        {"markup/cells of many columns", 8, cellsOfManyColumns},
+        {"markup/cells of many columns", 1000, cellsOfManyColumns},
         {"everywhere/mixed", kilobytes, everywhere<mixed>},
         {"everywhere/lines", kilobytes, everywhere<lines>},
         {"everywhere/tables", kilobytes, everywhere<cells>},
