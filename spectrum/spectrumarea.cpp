@@ -11,6 +11,7 @@
 #include "support/longwork.h"
 
 #include <QAbstractScrollArea>
+#include <QAction>
 #include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
@@ -73,6 +74,17 @@ void settleAround()
     std::for_each(widgets.crbegin(), widgets.crend(), [](QWidget* widget) { layOut(*widget); });
 }
 
+/// Each sub-window loads the icons of its menu anew; they are those of all others.
+void shareIcons(const QMdiSubWindow& first, QMdiSubWindow& other)
+{
+    const QList<QAction*> known = first.actions();
+    const QList<QAction*> loaded = other.actions();
+    for (qsizetype i = 0; i < std::min(known.size(), loaded.size()); ++i) {
+        if (!loaded.at(i)->icon().isNull())
+            loaded.at(i)->setIcon(known.at(i)->icon());
+    }
+}
+
 /// Adds the window as the area itself would. To raise a sub-window the area looks through all that
 /// it has for each that it has, but for one that stays on top.
 QMdiSubWindow* addUnraised(QMdiArea& area, QWidget* window)
@@ -83,6 +95,8 @@ QMdiSubWindow* addUnraised(QMdiArea& area, QWidget* window)
     subWindow->overrideWindowFlags(usual | Qt::WindowStaysOnTopHint);
     area.addSubWindow(subWindow);
     subWindow->overrideWindowFlags(usual);
+    if (const QMdiSubWindow* current = area.currentSubWindow())
+        shareIcons(*current, *subWindow);
     return subWindow;
 }
 

@@ -9,6 +9,7 @@
 #include "tests/support/sandboxtest.h"
 #include "tests/support/testdocument.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -258,6 +259,16 @@ private Q_SLOTS:
         QCOMPARE(tabBar()->currentIndex(), 0);
     }
 
+    void allHaveTheIconsOfTheFirst()
+    {
+        show(datasets(QStringList(3, u"one"_s)));
+        const QList<QMdiSubWindow*> subWindows = mdiArea->subWindowList();
+        const QList<qint64> icons = iconsOf(*subWindows.constFirst());
+        QVERIFY(!icons.isEmpty());
+        for (const QMdiSubWindow* subWindow : subWindows)
+            QCOMPARE(iconsOf(*subWindow), icons);
+    }
+
     void closingAllLaysOutNoOtherChart()
     {
         show(datasets({u"one"_s, u"two"_s, u"three"_s}));
@@ -296,6 +307,18 @@ private:
     [[nodiscard]] QChart* chartOf(qsizetype number) const
     {
         return mdiArea->subWindowList().at(number)->findChild<QChartView*>()->chart();
+    }
+
+    /// Which icons the menu of the sub-window has; those that are the same take memory once.
+    static QList<qint64> iconsOf(const QMdiSubWindow& subWindow)
+    {
+        QList<qint64> icons;
+        const QList<QAction*> actions = subWindow.actions();
+        for (const QAction* action : actions) {
+            if (!action->icon().isNull())
+                icons.append(action->icon().cacheKey());
+        }
+        return icons;
     }
 
     [[nodiscard]] QStringList recordedTitles() const
