@@ -22,26 +22,25 @@ using namespace Qt::StringLiterals;
 EnergyFinder::EnergyFinder(QPlainTextEdit& pointList, QWidget* window)
     : QWidget(window)
     , list(pointList)
-    , field(new QLineEdit(this))
-    , message(new QLabel(this))
 {
-    arrange();
     hide();
 
     auto* opening = new QShortcut(Qt::CTRL | Qt::Key_F, window);
     opening->setContext(Qt::WidgetWithChildrenShortcut);
     connect(opening, &QShortcut::activated, this, &EnergyFinder::open);
-    auto* closing = new QShortcut(Qt::Key_Escape, this);
-    closing->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(closing, &QShortcut::activated, this, &EnergyFinder::giveUp);
-
-    connect(field, &QLineEdit::textChanged, this, [this] { find(0); });
-    connect(field, &QLineEdit::returnPressed, this, &EnergyFinder::findNext);
-    connect(&list, &QPlainTextEdit::textChanged, this, [this] { say({}); }); // true no longer
 }
 
 void EnergyFinder::arrange()
 {
+    field = new QLineEdit(this);
+    message = new QLabel(this);
+    auto* escape = new QShortcut(Qt::Key_Escape, this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, &EnergyFinder::giveUp);
+    connect(field, &QLineEdit::textChanged, this, [this] { find(0); });
+    connect(field, &QLineEdit::returnPressed, this, &EnergyFinder::findNext);
+    connect(&list, &QPlainTextEdit::textChanged, this, [this] { say({}); }); // true no longer
+
     auto* caption = new QLabel(tr("Find energy / eV"), this);
     caption->setBuddy(field);
     field->setObjectName(u"lineEditFindEnergy"_s);
@@ -72,6 +71,9 @@ void EnergyFinder::arrange()
 
 void EnergyFinder::open()
 {
+    // Few of the spectra of an entry are ever searched.
+    if (field == nullptr)
+        arrange();
     show();
     field->setFocus(Qt::ShortcutFocusReason);
     field->selectAll();
@@ -135,7 +137,7 @@ void EnergyFinder::resizeEvent(QResizeEvent* event)
 
 void EnergyFinder::scrollIntoView()
 {
-    if (!field->hasFocus())
+    if (field == nullptr || !field->hasFocus())
         return;
     for (QWidget* around = parentWidget(); around != nullptr; around = around->parentWidget()) {
         auto* area = qobject_cast<QScrollArea*>(around);

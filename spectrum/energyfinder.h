@@ -36,6 +36,6 @@ private:
     void scrollIntoView();
 
     QPlainTextEdit& list;
-    QLineEdit* field;
-    QLabel* message;
+    QLineEdit* field = nullptr; ///< Made when it is opened for the first time, with the others.
+    QLabel* message = nullptr;
 };
