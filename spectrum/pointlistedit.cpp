@@ -4,6 +4,7 @@
 #include "spectrum/pointlistedit.h"
 
 #include "spectrum/pointlistlines.h"
+#include "support/waitcursor.h"
 
 #include <QMimeData>
 #include <QResizeEvent>
@@ -22,6 +23,7 @@ void PointListEdit::insertFromMimeData(const QMimeData* source)
 {
     if (source == nullptr || isReadOnly() || !source->hasText())
         return;
+    const WaitCursor waiting;
     textCursor().insertText(source->text());
     ensureCursorVisible();
 }

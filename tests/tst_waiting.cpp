@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QSslSocket>
 #include <QTest>
+#include <QTextEdit>
 
 using namespace TestSupport;
 using namespace Qt::StringLiterals;
@@ -213,6 +214,27 @@ private Q_SLOTS:
         auto* points = child<QPlainTextEdit>(*window, "textEditSpect");
         watch(points, &QPlainTextEdit::textChanged);
         child<QPushButton>(*window, QTest::currentDataTag())->click();
+        verifyWaited();
+    }
+
+    void pastingIntoAField_data()
+    {
+        QTest::addColumn<int>("unused");
+        for (const char* field : {"textEditSpect", "textEditComments", "lineEditUploader"})
+            QTest::newRow(field) << 0;
+    }
+
+    void pastingIntoAField()
+    {
+        QVERIFY(window->openEntry(entryFile(u"a.json"_s)));
+        QGuiApplication::clipboard()->setText(u"9 1\n10 2"_s);
+        auto* field = child<QWidget>(*window, QTest::currentDataTag());
+        if (auto* points = qobject_cast<QPlainTextEdit*>(field))
+            watch(points, &QPlainTextEdit::textChanged);
+        else
+            watch(qobject_cast<QTextEdit*>(field), &QTextEdit::textChanged);
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
         verifyWaited();
     }
 

@@ -7,6 +7,7 @@
 #include "support/htmlreadertext.h"
 #include "support/standinpicture.h"
 #include "support/textextent.h"
+#include "support/waitcursor.h"
 
 #include <QContextMenuEvent>
 #include <QImage>
@@ -155,6 +156,7 @@ QMimeData* CleanTextEdit::createMimeDataFromSelection() const
 
 void CleanTextEdit::insertFromMimeData(const QMimeData* source)
 {
+    const WaitCursor waiting;
     prepareWrappingFor(source->text());
     QTextEdit::insertFromMimeData(source);
 }

@@ -4,6 +4,7 @@
 #include "widgets/singlelinetextedit.h"
 
 #include "support/tooltip.h"
+#include "support/waitcursor.h"
 #include "widgets/darktext.h"
 
 #include <QHelpEvent>
@@ -56,6 +57,7 @@ void SingleLineTextEdit::keyPressEvent(QKeyEvent* event)
 
 void SingleLineTextEdit::insertFromMimeData(const QMimeData* source)
 {
+    const WaitCursor waiting;
     // Simplified text has no line breaks left; the two replacements say that none may ever get in.
     QString line = source->text().simplified();
     line.replace(u'\n', u' ');
