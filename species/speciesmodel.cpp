@@ -80,8 +80,6 @@ bool SpeciesModel::setData(const QModelIndex& index, const QVariant& value, int 
 
 bool SpeciesModel::setImage(const QModelIndex& index, const QImage& newImage)
 {
-    if (newImage.cacheKey() != readImage.cacheKey)
-        readImage = {};
     const auto oldImage = data(index, Qt::DisplayRole).value<QImage>();
     if (newImage != oldImage) {
         MyStandardItemModel::setData(index, QVariant::fromValue(newImage), Qt::EditRole);
@@ -102,12 +100,8 @@ QJsonObject SpeciesModel::toJson() const
         species.insert(field.key, toJsonValue(value(field.column), field.kind));
     }
     const QVariant picture = value(StructureImage);
-    if (picture.canConvert<QImage>()) {
-        const auto image = picture.value<QImage>();
-        const bool isAsRead = !image.isNull() && image.cacheKey() == readImage.cacheKey;
-        species.insert(imageKey, isAsRead ? StructurePicture::toBase64Png(image, readImage.text)
-                                          : StructurePicture::toBase64Png(image));
-    }
+    if (picture.canConvert<QImage>())
+        species.insert(imageKey, StructurePicture::toBase64Png(picture.value<QImage>()));
     return species;
 }
 
@@ -115,9 +109,6 @@ void SpeciesModel::fromJson(const QJsonObject& species)
 {
     for (const Field& field : fields)
         setValue(field.column, fromJsonValue(species.value(field.key), field.kind));
-    const QString text = species.value(imageKey).toString();
-    const QImage image = StructurePicture::fromBase64(text);
+    const QImage image = StructurePicture::fromBase64(species.value(imageKey).toString());
     setValue(StructureImage, image.isNull() ? QVariant() : QVariant::fromValue(image));
-    if (!image.isNull())
-        readImage = {image.cacheKey(), text};
 }

@@ -55,12 +55,4 @@ Q_SIGNALS:
 
 private:
     bool setImage(const QModelIndex& index, const QImage& newImage);
-
-    /// What the last image that was read has been read from.
-    struct ReadImage
-    {
-        qint64 cacheKey = 0;
-        QString text;
-    };
-    ReadImage readImage;
 };

@@ -33,15 +33,6 @@ QString toBase64Png(const QImage& image)
     return QString::fromLatin1(bytes.toBase64());
 }
 
-QString toBase64Png(const QImage& image, const QString& text)
-{
-    constexpr QByteArrayView end("IEND\xae\x42\x60\x82");
-    const QByteArray bytes = QByteArray::fromBase64(text.toUtf8());
-    if (!PngChunks::isPng(bytes) || !bytes.endsWith(end))
-        return toBase64Png(image);
-    return QString::fromLatin1(PngChunks::withoutNeedless(bytes).toBase64());
-}
-
 QImage fromBase64(const QString& text)
 {
     return decode(QByteArray::fromBase64(text.toUtf8()));

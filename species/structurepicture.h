@@ -13,10 +13,6 @@ namespace StructurePicture {
 /// image.
 [[nodiscard]] QString toBase64Png(const QImage& image);
 
-/// The same for an image that was read from @p text: a PNG file stays as it is, without what does
-/// not matter to its pixels. Large pictures take seconds to write anew.
-[[nodiscard]] QString toBase64Png(const QImage& image, const QString& text);
-
 /// The image that base64 text holds, in any format that the toolkit reads; null when there is none.
 [[nodiscard]] QImage fromBase64(const QString& text);
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "species/speciesmodel.h"
-#include "species/structurepicture.h"
 
 #include <QBuffer>
 #include <QJsonArray>
@@ -255,31 +254,6 @@ private Q_SLOTS:
         QCOMPARE(value.toString().size() % 4, 0);
         QCOMPARE(QImage::fromData(*decoded, "PNG").convertToFormat(QImage::Format_RGB32),
                  picture());
-    }
-
-    void pictureThatWasReadIsWrittenAsItWas()
-    {
-        // Another writer packs the same pixels differently.
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        QImage image(200, 200, QImage::Format_RGB32);
-        image.fill(Qt::yellow);
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "PNG", 100);
-        const QString asRead = QString::fromLatin1(bytes.toBase64());
-        SpeciesModel model;
-        model.fromJson({{u"StructuralFormula"_s, asRead}});
-        QCOMPARE(model.toJson().value(u"StructuralFormula"_s).toString(), asRead);
-
-        image.fill(Qt::red);
-        model.setValue(SpeciesModel::StructureImage, image);
-        const QString other = model.toJson().value(u"StructuralFormula"_s).toString();
-        QCOMPARE(StructurePicture::fromBase64(other).pixelColor(0, 0), QColor(Qt::red));
-        const QString withMore = QString::fromLatin1(bytes.append("more").toBase64());
-        model.fromJson({{u"StructuralFormula"_s, withMore}});
-        const QString whole = model.toJson().value(u"StructuralFormula"_s).toString();
-        QVERIFY(whole.size() < asRead.size());
-        QCOMPARE(StructurePicture::fromBase64(whole).pixelColor(0, 0), QColor(Qt::yellow));
     }
 
     void clearedPictureIsWrittenAsEmptyText()
