@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
+#include <QMessageBox>
 #include <QTextDocument>
 #include <QTextStream>
 #include <QTimer>
@@ -62,7 +63,8 @@ int use(const QString& path)
         const Sandbox sandbox; // for the settings
         QTimer answers;        // to the boxes in which a file is refused
         QObject::connect(&answers, &QTimer::timeout, &answers, [] {
-            if (QWidget* box = QApplication::activeModalWidget())
+            // Closing the one that shows how far a long opening is would stop it.
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
                 box->close();
         });
         answers.start(std::chrono::milliseconds(10));
