@@ -102,6 +102,12 @@ QByteArray sticksBackAndForth(int count)
                     R"(, "LineSpectrum": true)");
 }
 
+/// Elements of two bytes, each of which is a point.
+QByteArray olderPoints(int count)
+{
+    return file(R"("Dataset1": {"Spectrum": [)" + QByteArray("1,").repeated(count - 1) + "1]}");
+}
+
 /// The dearest picture, which is given up, beside a text that costs much.
 QByteArray pictureAndText(int length)
 {
@@ -155,6 +161,7 @@ const QList<Family>& documents()
         {"document/energies alone", 400'000, energiesAlone},
         {"document/back and forth", 700'000, backAndForth},
         {"document/sticks back and forth", 700'000, sticksBackAndForth},
+        {"document/points of the older form", 1'400'000, olderPoints},
         {"document/picture and text", 2'600'000, pictureAndText},
         {"document/titles", 14'000, titles},
         {"document/long date", 2'900'000, longDate},
