@@ -16,6 +16,9 @@ namespace CleanedHtml {
 /// thousand lines are more than any note has.
 inline constexpr int mostPieces = 10'000;
 
+/// What is shown of a text of any kind: to lay out a million takes most of a second.
+inline constexpr qsizetype mostCharacters = 3'000'000;
+
 /// The cleaned HTML of a document. Each run of one character format and one line gets tags of its
 /// own; neighbouring runs are not merged.
 [[nodiscard]] QString fromDocument(const QTextDocument& document);

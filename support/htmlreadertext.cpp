@@ -3,6 +3,7 @@
 
 #include "support/htmlreadertext.h"
 
+#include "support/cleanedhtml.h"
 #include "support/markupbudget.h"
 #include "support/standinpicture.h"
 #include "support/writtencharacter.h"
@@ -70,7 +71,14 @@ private:
     /// Not within raised or lowered text, if that ends in time.
     [[nodiscard]] bool isFull() const
     {
-        return pieces > mostPieces && (!budget.isInRaisedOrLowered() || pieces > 2 * mostPieces);
+        const bool isAfterRun = !budget.isInRaisedOrLowered();
+        return isBeyond(1) && (isAfterRun || isBeyond(2));
+    }
+
+    /// Beyond what is shown, or so many times that.
+    [[nodiscard]] bool isBeyond(int times) const
+    {
+        return pieces > times * mostPieces || result.size() >= times * CleanedHtml::mostCharacters;
     }
 
     QString putRest()
@@ -83,11 +91,13 @@ private:
 
     void takeText()
     {
-        const auto end = std::find_if_not(rest().begin(), rest().end(), WrittenCharacter::isPlain);
-        if (end != rest().begin()) {
-            if (std::any_of(rest().begin(), end, isAsciiLetterOrDigit))
+        constexpr qsizetype longestRun = 100'000;
+        const QStringView run = rest().first(std::min(rest().size(), longestRun));
+        const auto end = std::find_if_not(run.begin(), run.end(), WrittenCharacter::isPlain);
+        if (end != run.begin()) {
+            if (std::any_of(run.begin(), end, isAsciiLetterOrDigit))
                 takeScript(QChar::Script_Latin);
-            put(rest().first(end - rest().begin()));
+            put(run.first(end - run.begin()));
             return;
         }
         const WrittenCharacter next = WrittenCharacter::first(rest());

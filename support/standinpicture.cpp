@@ -65,7 +65,12 @@ QString ofMarks(const QString& marks)
 
 QString ofRest(QStringView text)
 {
-    return pictureNamed(restPrefix() + QString::fromLatin1(packed(text)));
+    return pictureNamed(nameOfRest(text));
+}
+
+QString nameOfRest(QStringView text)
+{
+    return restPrefix() + QString::fromLatin1(packed(text));
 }
 
 QString textOf(const QString& name)

@@ -17,6 +17,9 @@ namespace StandInPicture {
 /// The element of HTML for the rest of a text, which may have markup of its own.
 [[nodiscard]] QString ofRest(QStringView text);
 
+/// The name of a picture for the rest of a text.
+[[nodiscard]] QString nameOfRest(QStringView text);
+
 /// The text for which a picture of this name stands; empty for any other name.
 [[nodiscard]] QString textOf(const QString& name);
 

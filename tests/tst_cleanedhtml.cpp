@@ -479,6 +479,17 @@ private Q_SLOTS:
         QTest::newRow("quotation marks") << u"\u201ca\u201d \u2013 "_s.repeated(100'000);
     }
 
+    void ofAVeryLongTextThreeMillionCharactersAreLaidOut()
+    {
+        const QString words = u"photoelectron "_s.repeated(300'000);
+        const QString prepared = CleanedHtml::forHtmlReader(words);
+        const qsizetype rest = prepared.indexOf(u"<img"_s);
+        QCOMPARE(rest, 3'000'000);
+        QVERIFY(words.startsWith(prepared.first(rest)));
+        const QString most = words.first(3'000'000);
+        QCOMPARE(CleanedHtml::forHtmlReader(most), most);
+    }
+
     void textOfUsualLengthIsLaidOutWhole()
     {
         QFETCH(const QString, text);

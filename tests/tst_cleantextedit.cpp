@@ -352,6 +352,37 @@ private Q_SLOTS:
         QVERIFY(form.field->viewport()->grab().toImage() != withDots);
     }
 
+    void endlessPaste_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("html");
+        QTest::newRow("lines") << u"x\n"_s.repeated(30'000) << u"x<br>"_s.repeated(30'000);
+        QTest::newRow("lines of another system")
+            << u"x\r\n"_s.repeated(30'000) << u"x<br>"_s.repeated(30'000);
+        const QString words = u"photoelectron "_s.repeated(250'000);
+        QTest::newRow("words") << words << words;
+    }
+
+    void endlessPaste()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, html);
+        Form form;
+        QVERIFY(form.show());
+        form.field->setCleanedHtml(u"ab"_s);
+        form.field->moveCursor(QTextCursor::End);
+        form.field->moveCursor(QTextCursor::PreviousCharacter);
+        QGuiApplication::clipboard()->setText(text);
+        form.field->paste();
+        QVERIFY(form.field->document()->characterCount() < 3'100'000);
+        QVERIFY(form.field->document()->blockCount() < 11'000);
+        QCOMPARE(form.field->cleanedHtml(), u'a' + html + u'b');
+        form.field->undo();
+        QCOMPARE(form.field->cleanedHtml(), u"ab"_s);
+        form.field->redo();
+        QCOMPARE(form.field->cleanedHtml(), u'a' + html + u'b');
+    }
+
     void longTextThatIsCoveredIsLaidOutWhenItIsSeen()
     {
         Form form;

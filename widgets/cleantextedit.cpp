@@ -52,6 +52,38 @@ bool hasEndlessWord(QStringView text)
     return length > longestWord || work > mostWork;
 }
 
+bool isPair(QChar first, QChar second)
+{
+    return (first == u'\r' && second == u'\n') ||
+           (first.isHighSurrogate() && second.isLowSurrogate());
+}
+
+/// How much is laid out of a text that is inserted.
+qsizetype lengthOfShown(QStringView text)
+{
+    qsizetype length = 0;
+    for (int lines = 0; length < std::min(text.size(), CleanedHtml::mostCharacters); ++length) {
+        const QChar c = text.at(length);
+        const bool isPaired = length + 1 < text.size() && isPair(c, text.at(length + 1));
+        lines += c == u'\n' || (c == u'\r' && !isPaired) ? 1 : 0;
+        if (lines > CleanedHtml::mostPieces)
+            break;
+    }
+    const bool isBetween =
+        length > 0 && length < text.size() && isPair(text.at(length - 1), text.at(length));
+    return isBetween ? length - 1 : length;
+}
+
+/// A text without markup as cleaned HTML has it.
+QString withLineBreaks(QStringView text)
+{
+    QString html = text.toString();
+    html.replace(u"\r\n"_s, u"\n"_s);
+    for (const QChar end : {QChar(u'\r'), QChar(QChar::ParagraphSeparator)})
+        html.replace(end, u'\n');
+    return html.replace(u'\n', u"<br>"_s);
+}
+
 /// What a field shows of the rest of a text that is too much for it.
 QImage dots(const QFont& font, const QColor& colour)
 {
@@ -157,8 +189,30 @@ QMimeData* CleanTextEdit::createMimeDataFromSelection() const
 void CleanTextEdit::insertFromMimeData(const QMimeData* source)
 {
     const WaitCursor waiting;
-    prepareWrappingFor(source->text());
+    const QString text = source->text();
+    if (lengthOfShown(text) < text.size()) {
+        insertPlainly(text);
+        return;
+    }
+    prepareWrappingFor(text);
     QTextEdit::insertFromMimeData(source);
+}
+
+void CleanTextEdit::insertPlainly(const QString& text)
+{
+    const qsizetype shown = lengthOfShown(text);
+    const QString beginning = text.first(shown);
+    prepareWrappingFor(beginning);
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    cursor.insertText(beginning);
+    if (shown < text.size()) {
+        QTextImageFormat rest;
+        rest.setName(StandInPicture::nameOfRest(withLineBreaks(QStringView(text).sliced(shown))));
+        cursor.insertImage(rest);
+    }
+    cursor.endEditBlock();
+    ensureCursorVisible();
 }
 
 void CleanTextEdit::paintEvent(QPaintEvent* event)

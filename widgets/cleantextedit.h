@@ -38,6 +38,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
+    /// Inserts a text without markup as one step. What is more than a field lays out is kept, and
+    /// seen as dots.
+    void insertPlainly(const QString& text);
+
     /// Lays a long text out that came, or got its size, while nobody saw it.
     void layOutNow();
 

@@ -62,7 +62,7 @@ void SingleLineTextEdit::insertFromMimeData(const QMimeData* source)
     QString line = source->text().simplified();
     line.replace(u'\n', u' ');
     line.replace(u'\r', u' ');
-    textCursor().insertText(line);
+    insertPlainly(line);
     adjustHeight();
     ensureCursorVisible();
 }
