@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -19,8 +20,18 @@ constexpr std::chrono::milliseconds usualPatience = 1s;
 /// Often enough for a key to be felt, seldom enough to cost nothing.
 constexpr std::chrono::milliseconds betweenLooks = 50ms;
 
-std::chrono::milliseconds currentPatience = usualPatience;
-int underWay = 0;
+/// What all of them have in common.
+struct Common
+{
+    std::chrono::milliseconds patience = usualPatience;
+    int underWay = 0;
+};
+
+Common& common()
+{
+    static Common all;
+    return all;
+}
 
 /// Not those of the toolkit, for which painting waits; and always one more, as what was stopped
 /// before may still be working.
@@ -33,23 +44,23 @@ QThreadPool& threads()
 
 } // namespace
 
-LongWork::LongWork(QWidget* window, const QString& text)
+LongWork::LongWork(QWidget* window, QString text)
     : parent(window)
-    , what(text)
-    , patience(currentPatience)
+    , what(std::move(text))
+    , patience(common().patience)
 {
-    ++underWay;
+    ++common().underWay;
     steps.start();
 }
 
 LongWork::~LongWork()
 {
-    --underWay;
+    --common().underWay;
 }
 
 bool LongWork::isUnderWay()
 {
-    return underWay > 0;
+    return common().underWay > 0;
 }
 
 void LongWork::whenOver(QObject* context, const std::function<void()>& action)
@@ -63,7 +74,7 @@ void LongWork::whenOver(QObject* context, const std::function<void()>& action)
 
 void LongWork::setPatience(std::chrono::milliseconds time)
 {
-    currentPatience = time;
+    common().patience = time;
 }
 
 bool LongWork::runAside(const std::function<void()>& work)
@@ -104,11 +115,12 @@ bool LongWork::goOn(qsizetype done, qsizetype all)
         partsDone + partSize * static_cast<double>(done) / static_cast<double>(all);
     if (dialog == nullptr) {
         const double left = static_cast<double>(steps.elapsed()) * (1 - share);
-        if (left < share * static_cast<double>(currentPatience.count()))
+        if (left < share * static_cast<double>(common().patience.count()))
             return true;
         show();
     }
-    if (lastLook.isValid() && !lastLook.hasExpired(std::min(betweenLooks, currentPatience).count()))
+    if (lastLook.isValid() &&
+        !lastLook.hasExpired(std::min(betweenLooks, common().patience).count()))
         return true;
     constexpr int whole = 1000;
     dialog->setRange(0, whole);

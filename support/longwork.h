@@ -29,7 +29,7 @@ class LongWork
 {
 public:
     /// @p text says what is being done, in the dialog over @p window.
-    LongWork(QWidget* window, const QString& text);
+    LongWork(QWidget* window, QString text);
     ~LongWork();
     Q_DISABLE_COPY_MOVE(LongWork)
 
