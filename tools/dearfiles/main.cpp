@@ -8,7 +8,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
-#include <QMessageBox>
+#include <QProgressDialog>
 #include <QTextDocument>
 #include <QTextStream>
 #include <QTimer>
@@ -61,11 +61,12 @@ int use(const QString& path)
 {
     {
         const Sandbox sandbox; // for the settings
-        QTimer answers;        // to the boxes in which a file is refused
+        QTimer answers;        // to whatever asks or tells, as that a file is refused
         QObject::connect(&answers, &QTimer::timeout, &answers, [] {
+            QWidget* dialog = QApplication::activeModalWidget();
             // Closing the one that shows how far a long opening is would stop it.
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                box->close();
+            if (dialog != nullptr && qobject_cast<QProgressDialog*>(dialog) == nullptr)
+                dialog->close();
         });
         answers.start(std::chrono::milliseconds(10));
         MainWindow window;
