@@ -167,7 +167,7 @@ std::optional<SpectrumArea::Windows> SpectrumArea::prepare(const QList<QJsonObje
     return windows;
 }
 
-void SpectrumArea::show(Windows windows)
+void SpectrumArea::show(Windows&& windows)
 {
     area.setUpdatesEnabled(false);
     SpectrumTabs::Many manyTabs(*tabs);

@@ -39,7 +39,7 @@ public:
 
     /// Adds the windows, which nobody has seen yet, and activates the first of all spectra. However
     /// many there are, what is seen is painted once.
-    void show(Windows windows);
+    void show(Windows&& windows);
 
     /// The spectrum in front; null when there is none.
     [[nodiscard]] SpectrumWindow* active() const;
