@@ -3,6 +3,8 @@
 
 #include "tests/support/sandbox.h"
 
+#include "support/longwork.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -10,6 +12,8 @@
 #include <QSettings>
 #include <QTest>
 #include <QWidget>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +24,8 @@ Sandbox::Sandbox()
     QDir(folder.path()).mkdir(u".settings"_s);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                        folder.filePath(u".settings"_s));
+    // However slow the machine is, no dialog says how far it is, unless a test asks for it.
+    LongWork::setPatience(std::chrono::hours(1));
 }
 
 Sandbox::~Sandbox()
