@@ -4,6 +4,8 @@
 #include "support/longwork.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QProgressDialog>
 #include <QSemaphore>
 #include <QThreadPool>
@@ -40,6 +42,19 @@ QThreadPool& threads()
     static QThreadPool pool;
     pool.setMaxThreadCount(pool.activeThreadCount() + 1);
     return pool;
+}
+
+/// Names of files are text, whatever they look like, and up to 255 characters long.
+std::unique_ptr<QLabel> labelWith(const QString& text)
+{
+    constexpr int mostCharacters = 60;
+    auto label = std::make_unique<QLabel>();
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignCenter);
+    const QFontMetrics metrics = label->fontMetrics();
+    label->setText(
+        metrics.elidedText(text, Qt::ElideMiddle, mostCharacters * metrics.averageCharWidth()));
+    return label;
 }
 
 } // namespace
@@ -132,7 +147,8 @@ bool LongWork::goOn(qsizetype done, qsizetype all)
 void LongWork::show()
 {
     dialog = std::make_unique<QProgressDialog>(
-        what, QCoreApplication::translate("LongWork", "Cancel"), 0, 0, parent);
+        QString(), QCoreApplication::translate("LongWork", "Cancel"), 0, 0, parent);
+    dialog->setLabel(labelWith(what).release()); // the dialog's from now on
     dialog->setWindowTitle(QCoreApplication::translate("LongWork", "Please wait"));
     dialog->setAccessibleName(what);
     dialog->setWindowModality(Qt::WindowModal);

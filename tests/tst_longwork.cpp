@@ -5,6 +5,7 @@
 #include "tests/support/sandboxtest.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -69,6 +70,25 @@ private Q_SLOTS:
         while (text.isEmpty())
             QVERIFY(work.goOn(250, 1000));
         QCOMPARE(text, u"25%"_s);
+    }
+
+    void namesOfFilesAreTextAndHaveRoom()
+    {
+        LongWork::setPatience(0ms);
+        const QString what = u"Opening <img src=x><b>"_s + u"y"_s.repeated(250) + u".json"_s;
+        bool seen = false;
+        dialogs->expect([&seen, what](QWidget& dialog) {
+            seen = true;
+            const auto* label = dialog.findChild<QLabel*>();
+            QCOMPARE(label->textFormat(), Qt::PlainText);
+            QVERIFY(label->text().startsWith(u"Opening <img src=x><b>y"_s));
+            QVERIFY(label->text().endsWith(u"y.json"_s));
+            QVERIFY(dialog.width() < 800);
+            QCOMPARE(dialog.accessibleName(), what);
+        });
+        LongWork work(window.get(), what);
+        while (!seen)
+            QVERIFY(work.goOn(250, 1000));
     }
 
     void nobodyKnowsHowFarWorkInAnotherThreadIs()
