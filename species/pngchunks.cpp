@@ -12,7 +12,7 @@ namespace {
 
 constexpr QByteArrayView signature("\x89PNG\r\n\x1a\n");
 
-/// A chunk from its length to its checksum (PNG specification, section 5.3).
+/// A chunk from its length to its checksum (ISO/IEC 15948, section 5.3).
 class Chunk
 {
 public:

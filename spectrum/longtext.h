@@ -17,10 +17,12 @@ namespace LongText {
 /// As QTextDocument::setPlainText() does: nothing can be undone, and who listens is told once.
 void setPlainText(QTextDocument& document, const QString& text);
 
-/// As QPlainTextEdit::setPlainText() does: nothing can be undone, the caret stands at the start,
-/// and textChanged() is emitted once. Asks now and then whether to go on, saying how much of how
-/// much is done; when not, a part of the text is left out, and false is returned.
+/// Whether to go on when so many of all pieces of a text are done.
 using GoOn = std::function<bool(qsizetype done, qsizetype all)>;
+
+/// As QPlainTextEdit::setPlainText() does: nothing can be undone, the caret stands at the start,
+/// and textChanged() is emitted once. Asks now and then whether to go on; when not, a part of the
+/// text is left out, and false is returned.
 bool setPlainText(QPlainTextEdit& list, const QString& text, const GoOn& goOn = {});
 
 } // namespace LongText
