@@ -70,7 +70,7 @@ QString asEdited(const QString& text)
         return text;
     IsolatedDocument document;
     document.setUndoRedoEnabled(false);
-    document.setHtml(CleanedHtml::forHtmlReader(text));
+    CleanedHtml::intoDocument(document, text);
     return CleanedHtml::fromDocument(document);
 }
 

@@ -9,7 +9,9 @@
 
 #include <QStringList>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 
 #include <algorithm>
 #include <array>
@@ -49,13 +51,12 @@ public:
     void take(const QTextFragment& fragment)
     {
         const QTextCharFormat fragmentFormat = fragment.charFormat();
-        const QString picture = fragmentFormat.stringProperty(QTextFormat::ImageName);
-        if (StandInPicture::isOfRest(picture)) {
+        if (StandInPicture::isOfRest(fragmentFormat)) {
             finish();
-            finished += StandInPicture::textOf(picture).repeated(fragment.length());
+            finished += StandInPicture::textOf(fragmentFormat).repeated(fragment.length());
             return;
         }
-        const QString marks = StandInPicture::textOf(picture);
+        const QString marks = StandInPicture::textOf(fragmentFormat);
         const bool isMarks = !marks.isEmpty();
         const bool goesOn = isMarks || (isInterrupted && fragmentFormat == format);
         if (!goesOn || !hasRun)
@@ -111,6 +112,12 @@ bool isKeptTag(QStringView tag)
     });
 }
 
+bool isPair(QChar first, QChar second)
+{
+    return (first == u'\r' && second == u'\n') ||
+           (first.isHighSurrogate() && second.isLowSurrogate());
+}
+
 } // namespace
 
 namespace CleanedHtml {
@@ -159,6 +166,67 @@ QString withoutForeignTags(const QString& html)
 QString forHtmlReader(const QString& html, int pieces)
 {
     return HtmlReaderText::prepared(html, pieces).html;
+}
+
+void intoDocument(QTextDocument& document, const QString& html)
+{
+    const HtmlReaderText::Prepared text = HtmlReaderText::prepared(html, mostPieces);
+    document.setHtml(text.html);
+    if (!text.rest.isEmpty())
+        StandInPicture::giveRest(document, text.rest);
+}
+
+qsizetype lengthOfShown(QStringView text)
+{
+    qsizetype length = 0;
+    for (int lines = 0; length < std::min(text.size(), mostCharacters); ++length) {
+        const QChar c = text.at(length);
+        const bool isPaired = length + 1 < text.size() && isPair(c, text.at(length + 1));
+        lines += c == u'\n' || (c == u'\r' && !isPaired) ? 1 : 0;
+        if (lines > mostPieces)
+            break;
+    }
+    const bool isBetween =
+        length > 0 && length < text.size() && isPair(text.at(length - 1), text.at(length));
+    return isBetween ? length - 1 : length;
+}
+
+QString fromPlainText(QStringView text)
+{
+    // QString::replace() moves all that follows for each thousand of breaks.
+    QString html;
+    html.reserve(text.size());
+    qsizetype lineBegin = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c != u'\n' && c != u'\r' && c != QChar::ParagraphSeparator)
+            continue;
+        html += text.sliced(lineBegin, i - lineBegin) + lineBreak;
+        if (i + 1 < text.size() && c == u'\r' && text.at(i + 1) == u'\n')
+            ++i;
+        lineBegin = i + 1;
+    }
+    return html + text.sliced(lineBegin);
+}
+
+QString plainText(const QTextCursor& selection)
+{
+    const QString shown = selection.selection().toPlainText();
+    QTextCursor place(selection.document());
+    QString text;
+    qsizetype taken = 0;
+    for (qsizetype picture = shown.indexOf(QChar::ObjectReplacementCharacter); picture >= 0;
+         picture = shown.indexOf(QChar::ObjectReplacementCharacter, picture + 1)) {
+        place.setPosition(selection.selectionStart() + static_cast<int>(picture) + 1);
+        const QTextCharFormat format = place.charFormat();
+        const QString stoodFor = StandInPicture::textOf(format);
+        if (stoodFor.isEmpty())
+            continue;
+        text += QStringView(shown).sliced(taken, picture - taken);
+        text += StandInPicture::isOfRest(format) ? stoodFor.split(lineBreak).join(u'\n') : stoodFor;
+        taken = picture + 1;
+    }
+    return taken == 0 ? shown : text + QStringView(shown).sliced(taken);
 }
 
 } // namespace CleanedHtml

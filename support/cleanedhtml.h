@@ -5,6 +5,7 @@
 
 #include <QString>
 
+class QTextCursor;
 class QTextDocument;
 
 /// Cleaned HTML: plain text in which three markups survive, sup and sub elements for raised and
@@ -31,8 +32,20 @@ inline constexpr qsizetype mostCharacters = 3'000'000;
 /// that is not followed by a letter, "/", "!" or "?"; also one that no ">" ever follows) is
 /// escaped, because the reader would swallow the text behind it. Elements nested deeper than any
 /// text needs lose their tags, because the reader's time grows exponentially with nested tables and
-/// quadratically with others. What follows after @p pieces is one picture, from which
-/// fromDocument() has it.
+/// quadratically with others. What follows after @p pieces is left out; a picture stands there.
 [[nodiscard]] QString forHtmlReader(const QString& html, int pieces = mostPieces);
+
+/// How many characters are laid out of a text without markup that is inserted.
+[[nodiscard]] qsizetype lengthOfShown(QStringView text);
+
+/// A text without markup as cleaned HTML: all that ends a line is a break.
+[[nodiscard]] QString fromPlainText(QStringView text);
+
+/// What is selected in a document as text without markup, with what is kept but not laid out.
+/// Raised and lowered characters stand on the line, but in what is not laid out the tags stay.
+[[nodiscard]] QString plainText(const QTextCursor& selection);
+
+/// Makes a text the content of a document, from which fromDocument() has all of it.
+void intoDocument(QTextDocument& document, const QString& html);
 
 } // namespace CleanedHtml

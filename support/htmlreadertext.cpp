@@ -45,11 +45,9 @@ public:
         result.reserve(html.size());
     }
 
-    QString run()
+    HtmlReaderText::Prepared run()
     {
-        while (!rest().isEmpty()) {
-            if (isFull())
-                return putRest();
+        while (!rest().isEmpty() && !isFull()) {
             if (rest().front() == u'<')
                 takeMarkup();
             else
@@ -57,13 +55,12 @@ public:
         }
         putExcessMarks();
         shown = result.size();
-        return result;
+        if (!rest().isEmpty())
+            result += StandInPicture::ofRest();
+        return {result, isFormatted, rest().toString()};
     }
 
     [[nodiscard]] bool isOverspent() const { return budget.isOverspent(shown); }
-
-    /// Whether there was markup other than the three that texts have.
-    [[nodiscard]] bool wasFormatted() const { return isFormatted; }
 
 private:
     [[nodiscard]] QStringView rest() const { return QStringView(html).sliced(position); }
@@ -79,14 +76,6 @@ private:
     [[nodiscard]] bool isBeyond(int times) const
     {
         return pieces > times * mostPieces || result.size() >= times * CleanedHtml::mostCharacters;
-    }
-
-    QString putRest()
-    {
-        putExcessMarks();
-        shown = result.size();
-        result += StandInPicture::ofRest(rest());
-        return result;
     }
 
     void takeText()
@@ -229,8 +218,8 @@ private:
     qsizetype lastCommentEnd;
     QString result;
     qsizetype position = 0;
-    bool isFormatted = false;
-    int marks = 0; ///< Those on the last letter.
+    bool isFormatted = false; ///< Whether there was markup other than the three that texts have.
+    int marks = 0;            ///< Those on the last letter.
     QString excessMarks;
     int pieces = 0;
     qsizetype shown = 0; ///< Characters for the reader, the rest that one picture stands for apart.
@@ -246,13 +235,15 @@ namespace HtmlReaderText {
 Prepared prepared(const QString& html, int mostPieces)
 {
     Preparation usual(html, mostPieces, MarkupBudget::Limits::Usual);
-    const QString text = usual.run();
+    Prepared text = usual.run();
     if (!usual.isOverspent())
-        return {text, usual.wasFormatted()};
-    return {Preparation(html, mostPieces, MarkupBudget::Limits::Strict).run(), true};
+        return text;
+    text = Preparation(html, mostPieces, MarkupBudget::Limits::Strict).run();
+    text.isFormatted = true;
+    return text;
 }
 
-QString unformatted(const QString& html, int mostPieces)
+Prepared unformatted(const QString& html, int mostPieces)
 {
     return Preparation(html, mostPieces, MarkupBudget::Limits::None).run();
 }

@@ -14,12 +14,14 @@ struct Prepared
     QString html;
     /// Whether the text has other markup than line breaks and raised and lowered characters.
     bool isFormatted = false;
+    /// What is not laid out of the text; a picture at the end stands for it when it is not empty.
+    QString rest;
 };
 
 /// See CleanedHtml::forHtmlReader().
 [[nodiscard]] Prepared prepared(const QString& html, int mostPieces);
 
 /// The same without such other markup.
-[[nodiscard]] QString unformatted(const QString& html, int mostPieces);
+[[nodiscard]] Prepared unformatted(const QString& html, int mostPieces);
 
 } // namespace HtmlReaderText

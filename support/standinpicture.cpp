@@ -4,13 +4,16 @@
 #include "support/standinpicture.h"
 
 #include <QRandomGenerator>
-
-#include <cstddef>
-#include <cstring>
+#include <QSignalBlocker>
+#include <QTextCursor>
+#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Where the format of a picture has the rest of a text.
+constexpr int restProperty = QTextFormat::UserProperty;
 
 /// Names are of this run of the program only: a text from elsewhere that guessed them would bring
 /// in what nobody has looked through.
@@ -37,23 +40,6 @@ QString pictureNamed(const QString& name)
     return R"(<img src=")"_L1 + name + R"(">)"_L1;
 }
 
-/// A text with anything in it, half characters included, as part of an address.
-QByteArray packed(QStringView text)
-{
-    const QByteArrayView bytes(reinterpret_cast<const char*>(text.utf16()),
-                               text.size() * qsizetype{sizeof(char16_t)});
-    return bytes.toByteArray().toBase64(QByteArray::Base64UrlEncoding);
-}
-
-QString unpacked(QStringView text)
-{
-    const QByteArray bytes = QByteArray::fromBase64(text.toLatin1(), QByteArray::Base64UrlEncoding);
-    QString result(bytes.size() / qsizetype{sizeof(char16_t)}, Qt::Uninitialized);
-    std::memcpy(result.data(), bytes.data(),
-                static_cast<std::size_t>(bytes.size()) & ~std::size_t{1});
-    return result;
-}
-
 } // namespace
 
 namespace StandInPicture {
@@ -63,21 +49,48 @@ QString ofMarks(const QString& marks)
     return pictureNamed(marksPrefix() + marks);
 }
 
-QString ofRest(QStringView text)
+QString ofRest()
 {
-    return pictureNamed(nameOfRest(text));
+    return pictureNamed(restPrefix());
 }
 
-QString nameOfRest(QStringView text)
+QTextImageFormat formatOfRest(const QString& text)
 {
-    return restPrefix() + QString::fromLatin1(packed(text));
+    // Not in the name, which the toolkit reads as an address at each repaint.
+    QTextImageFormat format;
+    format.setName(restPrefix());
+    format.setProperty(restProperty, text);
+    return format;
 }
 
-QString textOf(const QString& name)
+void giveRest(QTextDocument& document, const QString& text)
 {
+    const QSignalBlocker blocker(document);
+    const bool wasModified = document.isModified();
+    const bool wasUndoable = document.isUndoRedoEnabled();
+    document.setUndoRedoEnabled(false);
+    QTextCursor cursor(&document);
+    cursor.movePosition(QTextCursor::End);
+    while (!isOfRest(cursor.charFormat()) && cursor.movePosition(QTextCursor::PreviousCharacter)) {}
+    if (isOfRest(cursor.charFormat())) {
+        cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor);
+        cursor.mergeCharFormat(formatOfRest(text));
+    }
+    document.setUndoRedoEnabled(wasUndoable);
+    document.setModified(wasModified);
+}
+
+QString textOf(const QTextFormat& format)
+{
+    const QString name = format.stringProperty(QTextFormat::ImageName);
     if (isOfRest(name))
-        return unpacked(QStringView(name).sliced(restPrefix().size()));
+        return format.stringProperty(restProperty);
     return name.startsWith(marksPrefix()) ? name.sliced(marksPrefix().size()) : QString();
+}
+
+bool isOfRest(const QTextFormat& format)
+{
+    return isOfRest(format.stringProperty(QTextFormat::ImageName));
 }
 
 bool isOfRest(const QString& name)

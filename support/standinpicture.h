@@ -4,26 +4,34 @@
 #pragma once
 
 #include <QString>
+#include <QTextImageFormat>
 
-/// Empty pictures that stand in a document for text that is kept but not laid out, as their name. A
-/// letter shows the marks that it can carry; more would be laid out and painted one over the other
-/// at every repaint. In the same way one picture stands for everything behind what a field shows of
-/// a text of endless lines, raised and lowered parts, or changes between writings.
+class QTextDocument;
+
+/// Empty pictures that stand in a document for text that is kept but not laid out. A letter shows
+/// the marks that it can carry; more would be laid out and painted one over the other at every
+/// repaint. In the same way one picture stands for everything behind what a field shows of a text
+/// of endless lines, raised and lowered parts, or changes between writings.
 namespace StandInPicture {
 
 /// The element of HTML for marks on the letter before it.
 [[nodiscard]] QString ofMarks(const QString& marks);
 
-/// The element of HTML for the rest of a text, which may have markup of its own.
-[[nodiscard]] QString ofRest(QStringView text);
+/// The element of HTML for the rest of a text, which is given to it in the document.
+[[nodiscard]] QString ofRest();
 
-/// The name of a picture for the rest of a text.
-[[nodiscard]] QString nameOfRest(QStringView text);
+/// The picture for the rest of a text, which may have markup of its own.
+[[nodiscard]] QTextImageFormat formatOfRest(const QString& text);
 
-/// The text for which a picture of this name stands; empty for any other name.
-[[nodiscard]] QString textOf(const QString& name);
+/// Gives the last picture of a rest in the document its text. Nobody is told of a change, and
+/// nothing can be undone afterwards.
+void giveRest(QTextDocument& document, const QString& text);
 
-/// Whether the picture stands for the rest of a text.
+/// The text for which a picture stands; empty for any other format.
+[[nodiscard]] QString textOf(const QTextFormat& format);
+
+/// Whether a picture stands for the rest of a text.
+[[nodiscard]] bool isOfRest(const QTextFormat& format);
 [[nodiscard]] bool isOfRest(const QString& name);
 
 } // namespace StandInPicture

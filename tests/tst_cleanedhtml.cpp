@@ -25,7 +25,7 @@ QTextCharFormat aligned(QTextCharFormat::VerticalAlignment alignment)
 QString throughTheReader(const QString& html)
 {
     QTextDocument document;
-    document.setHtml(CleanedHtml::forHtmlReader(html));
+    CleanedHtml::intoDocument(document, html);
     return CleanedHtml::fromDocument(document);
 }
 
@@ -463,10 +463,22 @@ private Q_SLOTS:
     {
         QFETCH(const QString, text);
         QTextDocument document;
-        document.setHtml(CleanedHtml::forHtmlReader(text));
+        CleanedHtml::intoDocument(document, text);
         QVERIFY(document.toPlainText().size() < 45'000);
+        QVERIFY(!document.isUndoAvailable());
+        QVERIFY(document.isUndoRedoEnabled());
         QVERIFY(CleanedHtml::fromDocument(document) == text);
         QVERIFY(throughTheReader(throughTheReader(text)) == text);
+    }
+
+    // The toolkit reads the name of a picture as an address at each repaint.
+    void restOfAnEndlessTextIsNoAddress()
+    {
+        QTextDocument document;
+        CleanedHtml::intoDocument(document, repeated("x<br>", 30'000));
+        const QList<QTextFormat> formats = document.allFormats();
+        for (const QTextFormat& used : formats)
+            QVERIFY(used.stringProperty(QTextFormat::ImageName).size() < 50);
     }
 
     void textOfUsualLengthIsLaidOutWhole_data()

@@ -352,6 +352,42 @@ private Q_SLOTS:
         QVERIFY(form.field->viewport()->grab().toImage() != withDots);
     }
 
+    void endlessTextIsToldOnceAndWhole()
+    {
+        Form form;
+        const QString text = u"x<br>"_s.repeated(30'000);
+        QStringList told;
+        connect(form.field, &CleanTextEdit::cleanedHtmlChanged, form.field,
+                [&form, &told] { told.append(form.field->cleanedHtml()); });
+        form.field->setCleanedHtml(text);
+        QCOMPARE(told, QStringList{text});
+    }
+
+    void whatPicturesStandForIsCopied_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::addColumn<QString>("copied");
+        QTest::newRow("rest of a text") << u"x<br>"_s.repeated(30'000) << u"x\n"_s.repeated(30'000);
+        const QString marks = u"a\u0301"_s + u"\u0301"_s.repeated(800) + u"b"_s;
+        QTest::newRow("marks") << marks << marks;
+        const QString both = marks + u"<br>"_s + marks + u"<br>x"_s.repeated(30'000);
+        QTest::newRow("both") << both << QString(both).replace(u"<br>"_s, u"\n"_s);
+    }
+
+    void whatPicturesStandForIsCopied()
+    {
+        QFETCH(const QString, html);
+        Form form;
+        QVERIFY(form.show());
+        form.field->setCleanedHtml(html);
+        QTest::keyClick(form.field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(form.field, Qt::Key_X, Qt::ControlModifier);
+        QTEST(QGuiApplication::clipboard()->text(), "copied");
+        QCOMPARE(form.field->cleanedHtml(), QString());
+        QTest::keyClick(form.field, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(form.field->cleanedHtml(), html);
+    }
+
     void endlessPaste_data()
     {
         QTest::addColumn<QString>("text");

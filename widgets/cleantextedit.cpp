@@ -16,11 +16,10 @@
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTextDocumentFragment>
 #include <QUrl>
 #include <QtMath>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -50,38 +49,6 @@ bool hasEndlessWord(QStringView text)
         length = wordEnds ? 0 : length + 1;
     }
     return length > longestWord || work > mostWork;
-}
-
-bool isPair(QChar first, QChar second)
-{
-    return (first == u'\r' && second == u'\n') ||
-           (first.isHighSurrogate() && second.isLowSurrogate());
-}
-
-/// How much is laid out of a text that is inserted.
-qsizetype lengthOfShown(QStringView text)
-{
-    qsizetype length = 0;
-    for (int lines = 0; length < std::min(text.size(), CleanedHtml::mostCharacters); ++length) {
-        const QChar c = text.at(length);
-        const bool isPaired = length + 1 < text.size() && isPair(c, text.at(length + 1));
-        lines += c == u'\n' || (c == u'\r' && !isPaired) ? 1 : 0;
-        if (lines > CleanedHtml::mostPieces)
-            break;
-    }
-    const bool isBetween =
-        length > 0 && length < text.size() && isPair(text.at(length - 1), text.at(length));
-    return isBetween ? length - 1 : length;
-}
-
-/// A text without markup as cleaned HTML has it.
-QString withLineBreaks(QStringView text)
-{
-    QString html = text.toString();
-    html.replace(u"\r\n"_s, u"\n"_s);
-    for (const QChar end : {QChar(u'\r'), QChar(QChar::ParagraphSeparator)})
-        html.replace(end, u'\n');
-    return html.replace(u'\n', u"<br>"_s);
 }
 
 /// What a field shows of the rest of a text that is too much for it.
@@ -128,11 +95,11 @@ void CleanTextEdit::setCleanedHtml(const QString& html)
     const int pieces = isLine ? mostInLine : CleanedHtml::mostPieces;
     const HtmlReaderText::Prepared text = HtmlReaderText::prepared(html, pieces);
     const bool isSeen = isVisible() && !waitsToBeSeen;
-    if (text.isFormatted || (!isVisible() && html.size() > fewCharacters)) {
+    if (text.isFormatted || !text.rest.isEmpty() || (!isVisible() && html.size() > fewCharacters)) {
         document()->setLayoutEnabled(false);
         waitsToBeSeen = true;
     }
-    setHtml(text.html);
+    take(text);
     if (text.isFormatted)
         judgeFormats(html, pieces);
     // Not before: the old text, with its endless word, would be laid out once more.
@@ -179,10 +146,9 @@ QSize CleanTextEdit::sizeHint() const
 QMimeData* CleanTextEdit::createMimeDataFromSelection() const
 {
     // Without the toolkit's OpenDocument form, which would open the pictures that the text names.
-    const QTextDocumentFragment selection = textCursor().selection();
     auto* copied = new QMimeData;
-    copied->setText(selection.toPlainText());
-    copied->setHtml(selection.toHtml());
+    copied->setText(CleanedHtml::plainText(textCursor()));
+    copied->setHtml(textCursor().selection().toHtml());
     return copied;
 }
 
@@ -190,7 +156,7 @@ void CleanTextEdit::insertFromMimeData(const QMimeData* source)
 {
     const WaitCursor waiting;
     const QString text = source->text();
-    if (lengthOfShown(text) < text.size()) {
+    if (CleanedHtml::lengthOfShown(text) < text.size()) {
         insertPlainly(text);
         return;
     }
@@ -200,16 +166,15 @@ void CleanTextEdit::insertFromMimeData(const QMimeData* source)
 
 void CleanTextEdit::insertPlainly(const QString& text)
 {
-    const qsizetype shown = lengthOfShown(text);
+    const qsizetype shown = CleanedHtml::lengthOfShown(text);
     const QString beginning = text.first(shown);
     prepareWrappingFor(beginning);
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock();
     cursor.insertText(beginning);
     if (shown < text.size()) {
-        QTextImageFormat rest;
-        rest.setName(StandInPicture::nameOfRest(withLineBreaks(QStringView(text).sliced(shown))));
-        cursor.insertImage(rest);
+        const QString rest = CleanedHtml::fromPlainText(QStringView(text).sliced(shown));
+        cursor.insertImage(StandInPicture::formatOfRest(rest));
     }
     cursor.endEditBlock();
     ensureCursorVisible();
@@ -246,10 +211,24 @@ void CleanTextEdit::layOutNow()
     QTextEdit::resizeEvent(&resized);
 }
 
+void CleanTextEdit::take(const HtmlReaderText::Prepared& text)
+{
+    if (text.rest.isEmpty()) {
+        setHtml(text.html);
+        return;
+    }
+    {
+        const QSignalBlocker blocker(this); // until all of it is there
+        setHtml(text.html);
+        StandInPicture::giveRest(*document(), text.rest);
+    }
+    Q_EMIT textChanged();
+}
+
 void CleanTextEdit::judgeFormats(const QString& html, int pieces)
 {
     if (TextExtent::isBeyondLayout(*document()))
-        setHtml(HtmlReaderText::unformatted(html, pieces));
+        take(HtmlReaderText::unformatted(html, pieces));
     // Markup can take from a text the blanks at which it would be broken.
     prepareWrappingFor(document()->toRawText());
 }

@@ -5,6 +5,10 @@
 
 #include <QTextEdit>
 
+namespace HtmlReaderText {
+struct Prepared;
+} // namespace HtmlReaderText
+
 /// Multi-line rich-text field that knows only superscript, subscript and line breaks, and exchanges
 /// its content as cleaned HTML. Nothing that its text names (pictures, style sheets) is ever
 /// loaded.
@@ -55,6 +59,7 @@ private Q_SLOTS:
 private:
     /// Of a text with foreign markup, before it is laid out: whether it can be, and how.
     void judgeFormats(const QString& html, int pieces);
+    void take(const HtmlReaderText::Prepared& text);
     void prepareWrappingFor(const QString& text);
 
     bool waitsToBeSeen = false; ///< Whether a long text is not laid out yet.
