@@ -54,8 +54,7 @@ void settleSize(QPlainTextEdit& list)
     list.setVerticalScrollBarPolicy(policy);
 }
 
-bool fill(QTextDocument& document, const QList<QStringView>& pieces,
-          const LongText::GoOn& goOn = {})
+bool fill(QTextDocument& document, const QList<QStringView>& pieces, const LongText::GoOn& goOn)
 {
     constexpr qsizetype betweenQuestions = 512; // pieces
     bool wanted = true;
@@ -80,13 +79,13 @@ bool fill(QTextDocument& document, const QList<QStringView>& pieces,
 
 namespace LongText {
 
-void setPlainText(QTextDocument& document, const QString& text)
+bool setPlainText(QTextDocument& document, const QString& text, const GoOn& goOn)
 {
     const QList<QStringView> pieces = piecesOf(text);
-    if (pieces.size() < 2)
-        document.setPlainText(text);
-    else
-        fill(document, pieces);
+    if (pieces.size() >= 2)
+        return fill(document, pieces, goOn);
+    document.setPlainText(text);
+    return true;
 }
 
 bool setPlainText(QPlainTextEdit& list, const QString& text, const GoOn& goOn)

@@ -14,15 +14,15 @@ class QTextDocument;
 /// functions, which take the longer for each line the more lines there are.
 namespace LongText {
 
-/// As QTextDocument::setPlainText() does: nothing can be undone, and who listens is told once.
-void setPlainText(QTextDocument& document, const QString& text);
-
-/// Whether to go on when so many of all pieces of a text are done.
+/// Whether to go on when so many of all pieces of a text are done. Asked now and then; when not, a
+/// part of the text is left out, and false is returned.
 using GoOn = std::function<bool(qsizetype done, qsizetype all)>;
 
+/// As QTextDocument::setPlainText() does: nothing can be undone, and who listens is told once.
+bool setPlainText(QTextDocument& document, const QString& text, const GoOn& goOn = {});
+
 /// As QPlainTextEdit::setPlainText() does: nothing can be undone, the caret stands at the start,
-/// and textChanged() is emitted once. Asks now and then whether to go on; when not, a part of the
-/// text is left out, and false is returned.
+/// and textChanged() is emitted once.
 bool setPlainText(QPlainTextEdit& list, const QString& text, const GoOn& goOn = {});
 
 } // namespace LongText

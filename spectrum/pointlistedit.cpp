@@ -4,10 +4,14 @@
 #include "spectrum/pointlistedit.h"
 
 #include "spectrum/pointlistlines.h"
+#include "spectrum/pointrewrites.h"
+#include "support/longwork.h"
 #include "support/waitcursor.h"
 
+#include <QCoreApplication>
 #include <QMimeData>
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QTextCursor>
 
 #include <memory>
@@ -23,9 +27,31 @@ void PointListEdit::insertFromMimeData(const QMimeData* source)
 {
     if (source == nullptr || isReadOnly() || !source->hasText())
         return;
+    constexpr qsizetype mostAtOnce = 1'000'000; // characters, some hundred thousand points
+    const QString text = source->text();
+    if (text.size() <= mostAtOnce || !isUndoRedoEnabled()) {
+        const WaitCursor waiting;
+        textCursor().insertText(text);
+        ensureCursorVisible();
+    } else if (dropping) { // the toolkit is in the middle of an edit, and the source waits
+        const auto insertNow = [this, text] { insertLongText(text); };
+        QMetaObject::invokeMethod(this, insertNow, Qt::QueuedConnection);
+    } else {
+        insertLongText(text);
+    }
+}
+
+void PointListEdit::insertLongText(const QString& text)
+{
     const WaitCursor waiting;
-    textCursor().insertText(source->text());
-    ensureCursorVisible();
+    LongWork pasting(window(), QCoreApplication::translate("PointListEdit", "Pasting points"));
+    PointRewrites::of(*this).insertText(text, pasting.question());
+}
+
+void PointListEdit::dropEvent(QDropEvent* event)
+{
+    const QScopedValueRollback<bool> drop(dropping, true);
+    QPlainTextEdit::dropEvent(event);
 }
 
 void PointListEdit::resizeEvent(QResizeEvent* event)

@@ -19,10 +19,14 @@ public:
 
 protected:
     [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
+    void dropEvent(QDropEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void insertLongText(const QString& text);
+
+    bool dropping = false;
     QPointer<const QTextDocument> wrapped; ///< Whose lines were wrapped last,
     int wrapWidth = 0;                     ///< and for this width of the view.
 };

@@ -3,7 +3,6 @@
 
 #include "spectrum/pointrewrites.h"
 
-#include "spectrum/longtext.h"
 #include "spectrum/pointlines.h"
 
 #include <QPlainTextDocumentLayout>
@@ -23,16 +22,37 @@ QTextBlock blockOf(const QTextDocument& document, qsizetype line)
     return document.findBlockByNumber(static_cast<int>(std::min<qsizetype>(line, last)));
 }
 
-/// A document for a point list, with a text that undoing does not take out of it.
-std::unique_ptr<QTextDocument> documentWith(const QString& text, const QFont& font)
+/// A document for a point list, with a text that undoing does not take out of it; none when it was
+/// not to go on.
+std::unique_ptr<QTextDocument> documentWith(const QString& text, const QFont& font,
+                                            const LongText::GoOn& goOn)
 {
     auto document = std::make_unique<QTextDocument>();
     document->setDocumentLayout(new QPlainTextDocumentLayout(document.get()));
     document->setDefaultFont(font);
     document->setUndoRedoEnabled(false);
-    LongText::setPlainText(*document, text);
+    if (!LongText::setPlainText(*document, text, goOn))
+        return nullptr;
     document->setUndoRedoEnabled(true);
     return document;
+}
+
+/// A text with the ends of lines that a document makes of it.
+QString asInserted(QString text)
+{
+    // In one pass: QString::replace() moves all that follows for each thousand of ends.
+    QChar* const begin = text.data();
+    const QChar* const end = begin + text.size();
+    QChar* kept = begin;
+    for (const QChar* c = begin; c != end; ++c) {
+        if (*c == u'\r' && c + 1 != end && c[1] == u'\n')
+            continue;
+        const bool isEnd = *c == u'\r' || *c == QChar::ParagraphSeparator || *c == u'\ufdd0' ||
+                           *c == u'\ufdd1'; // the last two begin and end frames
+        *kept++ = isEnd ? QChar(u'\n') : *c;
+    }
+    text.truncate(kept - begin);
+    return text;
 }
 
 } // namespace
@@ -117,12 +137,12 @@ PointRewrites::PointRewrites(QPlainTextEdit* pointList)
     , kept(std::make_shared<Amount>())
 {}
 
-void PointRewrites::replaceText(const QString& text)
+bool PointRewrites::replaceText(const QString& text, const LongText::GoOn& goOn)
 {
     const QString before = list->toPlainText();
     if (text == before) {
         Q_EMIT list->textChanged();
-        return;
+        return true;
     }
     const View viewBefore = view();
     View viewAfter = viewBefore;
@@ -134,11 +154,38 @@ void PointRewrites::replaceText(const QString& text)
     if (!list->isUndoRedoEnabled()) {
         LongText::setPlainText(*list, text);
         show(viewAfter);
-        return;
+        return true;
     }
+    return take(text, viewBefore, viewAfter, goOn);
+}
+
+bool PointRewrites::insertText(const QString& text, const LongText::GoOn& goOn)
+{
+    const QTextCursor caret = list->textCursor();
+    const QString inserted = asInserted(text);
+    // Plain text would tell blanks and breaks otherwise that are nobody's business here.
+    QString after = asInserted(list->document()->toRawText());
+    const int start = caret.selectionStart();
+    after.replace(start, caret.selectionEnd() - start, inserted);
+
+    const View viewBefore = view();
+    const qsizetype end = start + inserted.size();
+    const QStringView untilEnd = QStringView(after).first(end);
+    const Place caretAfter{untilEnd.count(u'\n'), end - (untilEnd.lastIndexOf(u'\n') + 1)};
+    const int linesInView = list->viewport()->height() / list->fontMetrics().lineSpacing();
+    const qsizetype top = std::max<qsizetype>(caretAfter.line - linesInView + 1, 0);
+    return take(after, viewBefore, {caretAfter, caretAfter, top}, goOn);
+}
+
+bool PointRewrites::take(const QString& text, const View& before, const View& after,
+                         const LongText::GoOn& goOn)
+{
+    auto document = documentWith(text, list->document()->defaultFont(), goOn);
+    if (!document)
+        return false;
     makeRoom();
-    Crossing::take(*this, documentWith(text, list->document()->defaultFont()), viewBefore,
-                   viewAfter);
+    Crossing::take(*this, std::move(document), before, after);
+    return true;
 }
 
 PointRewrites::View PointRewrites::view() const

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "spectrum/longtext.h"
+
 #include <QObject>
 #include <QString>
 
@@ -38,8 +40,13 @@ public:
     /// That of this list, which owns it.
     static PointRewrites& of(QPlainTextEdit& list);
 
-    /// Replaces the whole text. Where it is the same already, that is announced all the same.
-    void replaceText(const QString& text);
+    /// Replaces the whole text. Where it is the same already, that is announced all the same. When
+    /// it is not to go on, returns false, and nothing has changed.
+    bool replaceText(const QString& text, const LongText::GoOn& goOn = {});
+
+    /// Puts a text in the place of what is selected, and the caret behind it; the same as typing
+    /// does, and for a long text much quicker. Undoing must be possible in the list.
+    bool insertText(const QString& text, const LongText::GoOn& goOn = {});
 
 private:
     /// A character by its line and its place there, both counted from 0.
@@ -71,6 +78,8 @@ private:
     [[nodiscard]] View view() const;
     void show(const View& view);
     void announce(const View& view);
+    bool take(const QString& text, const View& before, const View& after,
+              const LongText::GoOn& goOn);
     void makeRoom();
     [[nodiscard]] std::unique_ptr<QTextDocument> exchange(std::unique_ptr<QTextDocument> document);
 

@@ -178,7 +178,10 @@ void SpectrumModel::fromJson(const QJsonObject& record)
     const QSignalBlocker blocker(this);
     readCells(record);
     pointLines = loadedText(record);
-    writePointText(Undoing::Impossible);
+    if (pointText == nullptr)
+        return;
+    const QScopedValueRollback<bool> writing(writingPointText, true);
+    LongText::setPlainText(*pointText, pointLines);
 }
 
 bool SpectrumModel::fromJson(const QJsonObject& record, LongWork& work)
@@ -197,9 +200,7 @@ bool SpectrumModel::fromJson(const QJsonObject& record, LongWork& work)
     if (pointText == nullptr)
         return true;
     const QScopedValueRollback<bool> writing(writingPointText, true);
-    return LongText::setPlainText(*pointText, pointLines, [&work](qsizetype done, qsizetype all) {
-        return work.goOn(done, all);
-    });
+    return LongText::setPlainText(*pointText, pointLines, work.question());
 }
 
 void SpectrumModel::readCells(const QJsonObject& record)
@@ -218,28 +219,50 @@ void SpectrumModel::readCells(const QJsonObject& record)
 
 void SpectrumModel::normalizeSpectrum()
 {
-    const WaitCursor waiting;
-    if (const auto scaled = SpectrumPoints::normalized(points()))
-        replacePoints(PointText::normalizedText(*scaled));
+    rewritePoints(tr("Normalizing"), [](const QString& lines) -> std::optional<QString> {
+        if (const auto scaled = SpectrumPoints::normalized(PointText::parse(lines)))
+            return PointText::normalizedText(*scaled);
+        return {};
+    });
 }
 
 void SpectrumModel::makePointsSparser()
 {
     if (value(LineSpectrum).toBool()) {
-        Messages::warning(qobject_cast<QWidget*>(QObject::parent()), u"Error"_s,
-                          u"Cannot resample line spectra"_s);
+        Messages::warning(parentWidget(), u"Error"_s, u"Cannot resample line spectra"_s);
         return;
     }
-    const WaitCursor waiting;
-    if (const auto resampled = SpectrumPoints::resampled(points()))
-        replacePoints(PointText::resampledText(*resampled));
+    rewritePoints(tr("Resampling"), [](const QString& lines) -> std::optional<QString> {
+        if (const auto resampled = SpectrumPoints::resampled(PointText::parse(lines)))
+            return PointText::resampledText(*resampled);
+        return {};
+    });
 }
 
-void SpectrumModel::replacePoints(const QString& lines)
+void SpectrumModel::rewritePoints(const QString& what, const Rewriting& rewriting)
 {
-    pointLines = lines;
-    writePointText(Undoing::Possible);
+    constexpr qsizetype fewCharacters = 1'000'000; // for which no thread is worth it
+    const WaitCursor waiting;
+    LongWork work(parentWidget(), what);
+    std::optional<QString> lines;
+    if (pointLines.size() <= fewCharacters)
+        lines = rewriting(pointLines);
+    else if (auto made = work.aside([rewriting, text = pointLines] { return rewriting(text); }))
+        lines = std::move(*made);
+    if (!lines)
+        return;
+    if (pointText != nullptr) {
+        const QScopedValueRollback<bool> writing(writingPointText, true);
+        if (!PointRewrites::of(*pointText).replaceText(*lines, work.question()))
+            return;
+    }
+    pointLines = *lines;
     Q_EMIT spectrumDataChanged();
+}
+
+QWidget* SpectrumModel::parentWidget() const
+{
+    return qobject_cast<QWidget*>(QObject::parent());
 }
 
 void SpectrumModel::setPointText(const QString& text)
@@ -254,20 +277,13 @@ void SpectrumModel::setPointText(const QString& text)
 
 void SpectrumModel::emitSpectrumDataChanged()
 {
+    if (writingPointText) { // timers fire in long work, which may yet be stopped
+        updateTimer->start();
+        return;
+    }
     const WaitCursor waiting;
     typed = false;
-    if (!writingPointText && pointText != nullptr)
+    if (pointText != nullptr)
         pointLines = PointText::withoutEmptyLines(pointText->document()->toPlainText());
     Q_EMIT spectrumDataChanged();
-}
-
-void SpectrumModel::writePointText(Undoing undoing)
-{
-    if (pointText == nullptr)
-        return;
-    const QScopedValueRollback<bool> writing(writingPointText, true);
-    if (undoing == Undoing::Possible)
-        PointRewrites::of(*pointText).replaceText(pointLines);
-    else
-        LongText::setPlainText(*pointText, pointLines);
 }

@@ -10,9 +10,13 @@
 #include <QPointF>
 #include <QString>
 
+#include <functional>
+#include <optional>
+
 class LongWork;
 class QPlainTextEdit;
 class QTimer;
+class QWidget;
 
 /// One spectrum dataset: its metadata in one row of cells, its points as text.
 ///
@@ -90,12 +94,13 @@ private Q_SLOTS:
     void emitSpectrumDataChanged();
 
 private:
-    /// Whether what is put into the editor can be taken back there.
-    enum class Undoing { Possible, Impossible };
+    /// Makes new lines of points of others; nothing where they are to stay. Has no part in anything
+    /// else: it is done in another thread, too.
+    using Rewriting = std::function<std::optional<QString>(const QString& lines)>;
 
     void readCells(const QJsonObject& record);
-    void replacePoints(const QString& lines);
-    void writePointText(Undoing undoing);
+    void rewritePoints(const QString& what, const Rewriting& rewriting);
+    [[nodiscard]] QWidget* parentWidget() const;
 
     QTimer* updateTimer;
     QPlainTextEdit* pointText;

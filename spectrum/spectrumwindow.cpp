@@ -11,6 +11,7 @@
 #include "spectrum/pointrewrites.h"
 #include "spectrum/spectrumchart.h"
 #include "spectrum/spectrummodel.h"
+#include "support/longwork.h"
 #include "support/waitcursor.h"
 #include "ui_spectrumwindow.h"
 #include "widgets/wheelguard.h"
@@ -242,8 +243,10 @@ void SpectrumWindow::updateWindowTitle()
 void SpectrumWindow::onButtonCommaToDotClicked()
 {
     const WaitCursor waiting;
+    LongWork work(this, tr("Replacing decimal commas"));
     QString text = ui->textEditSpect->document()->toPlainText();
-    PointRewrites::of(*ui->textEditSpect).replaceText(text.replace(u',', u'.'));
+    text.replace(u',', u'.');
+    PointRewrites::of(*ui->textEditSpect).replaceText(text, work.question());
 }
 
 void SpectrumWindow::updateLineCount()

@@ -51,6 +51,12 @@ public:
     /// To be asked between two steps of a part: whether to go on. @p done of @p all are done.
     [[nodiscard]] bool goOn(qsizetype done, qsizetype all);
 
+    /// goOn() for who knows nothing of this.
+    [[nodiscard]] std::function<bool(qsizetype done, qsizetype all)> question()
+    {
+        return [this](qsizetype done, qsizetype all) { return goOn(done, all); };
+    }
+
     /// Whether it was stopped.
     [[nodiscard]] bool isStopped() const { return stopped; }
 

@@ -7,6 +7,8 @@
 #include "tests/support/sandboxtest.h"
 
 #include <QClipboard>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTest>
@@ -107,6 +109,83 @@ private Q_SLOTS:
         clipboard().setText(u"1 2\n"_s.repeated(500));
         QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
         QVERIFY(list->viewport()->rect().contains(list->cursorRect().center()));
+    }
+
+    void pastesALongTextAsTheToolkitWould_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("anchor");
+        QTest::addColumn<int>("position");
+        const QString lines = u"9.1234 100.5\n"_s.repeated(100'000);
+        QTest::newRow("at the start") << lines << 0 << 0;
+        QTest::newRow("within a line") << lines << 3 << 3;
+        QTest::newRow("over a selection") << lines << 3 << 9;
+        QTest::newRow("over a selection made backwards") << lines << 9 << 3;
+        QTest::newRow("over everything, without a last end of line") << lines.chopped(1) << 19 << 0;
+        QTest::newRow("at the end") << lines << 19 << 19;
+        QTest::newRow("of another system") << QString(lines).replace(u"\n"_s, u"\r\n"_s) << 3 << 3;
+        QTest::newRow("of an old system") << QString(lines).replace(u'\n', u'\r') << 3 << 3;
+        QTest::newRow("with separators of paragraphs and lines")
+            << QString(lines).replace(u"5\n9"_s, u"\u2029\u2028"_s) << 3 << 3;
+        QTest::newRow("one line") << u"9.1234 "_s.repeated(150'000) << 3 << 3;
+    }
+
+    void pastesALongTextAsTheToolkitWould()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const int, anchor);
+        QFETCH(const int, position);
+        const QString before = u"9.0 1\n9.5\u00a02\n\n10.0\u20283"_s;
+        QPlainTextEdit theirs;
+        for (QPlainTextEdit* edit : {static_cast<QPlainTextEdit*>(list.get()), &theirs}) {
+            edit->setPlainText(before);
+            QTextCursor caret(edit->document());
+            caret.setPosition(anchor);
+            caret.setPosition(position, QTextCursor::KeepAnchor);
+            edit->setTextCursor(caret);
+        }
+        const QString rawBefore = list->document()->toRawText();
+        theirs.insertPlainText(text);
+        clipboard().setText(text);
+        QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
+        const QString after = theirs.document()->toRawText();
+        QVERIFY(list->document()->toRawText() == after);
+        QCOMPARE(list->textCursor().position(), theirs.textCursor().position());
+        QVERIFY(!list->textCursor().hasSelection());
+        QVERIFY(list->viewport()->rect().contains(list->cursorRect().center()));
+
+        QTest::keyClick(list.get(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(list->document()->toRawText(), rawBefore);
+        QCOMPARE(list->textCursor().anchor(), anchor);
+        QCOMPARE(list->textCursor().position(), position);
+        QVERIFY(!list->document()->isUndoAvailable());
+        QTest::keyClick(list.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(list->document()->toRawText() == after);
+    }
+
+    void longTextIsDropped_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("long") << u"1 2\n"_s.repeated(300'000);
+        QTest::newRow("short") << u"1 2\n"_s.repeated(30);
+    }
+
+    void longTextIsDropped()
+    {
+        QFETCH(const QString, text);
+        QMimeData dragged;
+        dragged.setText(text);
+        const QPoint place = list->cursorRect(QTextCursor(list->document()->lastBlock())).center();
+        QDragEnterEvent enter(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &enter);
+        QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &drop);
+        QVERIFY(drop.isAccepted());
+        QTRY_COMPARE(list->blockCount(), text.count(u'\n') + 4);
+        QCOMPARE(list->document()->firstBlock().text(), u"9.0 1"_s);
+        QCOMPARE(list->document()->lastBlock().text(), u"10.0 3"_s);
+        list->undo();
+        QCOMPARE(list->toPlainText(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
     }
 
     void wrapsLinesForTheWidthThatItIsShownWith_data()

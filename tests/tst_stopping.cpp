@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KORVELA Entry Edit contributors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "spectrum/spectrummodel.h"
 #include "spectrum/spectrumwindow.h"
 #include "support/longwork.h"
 #include "tests/support/documentwindow.h"
@@ -12,9 +13,14 @@
 #include <QMdiArea>
 #include <QPlainTextEdit>
 #include <QProgressDialog>
+#include <QPushButton>
+#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
 #include <QTextBlock>
+#include <QTimer>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace TestSupport;
@@ -109,6 +115,77 @@ private Q_SLOTS:
         QVERIFY(showActive(*window));
         QVERIFY(seen() == before);
         goOnEditing();
+    }
+
+    void pointsStayAsTheyAre_data()
+    {
+        QTest::addColumn<QByteArray>("command");
+        QTest::addColumn<bool>("late");
+        for (const char* button : {"buttonNormalize", "buttonSparse"})
+            QTest::addRow("%s, at once", button) << QByteArray(button) << false;
+        for (const char* command : {"buttonNormalize", "buttonSparse", "buttonCommaToDot", "paste"})
+            QTest::addRow("%s, while lines are put in", command) << QByteArray(command) << true;
+    }
+
+    void pointsStayAsTheyAre()
+    {
+        QFETCH(const QByteArray, command);
+        QFETCH(const bool, late);
+        enterManyPoints();
+        const Seen before = seen();
+        stop(late);
+        run(command);
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+        QVERIFY(showActive(*window));
+        QVERIFY(seen() == before);
+        goOnEditing();
+    }
+
+    void commandEndsBehindTheDialog_data()
+    {
+        QTest::addColumn<QByteArray>("command");
+        for (const char* name : {"buttonNormalize", "buttonSparse", "buttonCommaToDot", "paste"})
+            QTest::addRow("%s", name) << QByteArray(name);
+    }
+
+    void commandEndsBehindTheDialog()
+    {
+        QFETCH(const QByteArray, command);
+        enterManyPoints();
+        const SpectrumModel* model = spectra(*window).constFirst()->model();
+        QTRY_VERIFY(!model->hasTypedPoints());
+        const QString before = points()->toPlainText();
+        LongWork::setPatience(1h);
+        run(command);
+        const QString after = points()->toPlainText();
+        QVERIFY(after != before);
+        QTest::keyClick(points(), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(points()->toPlainText() == before);
+        QTRY_VERIFY(!model->hasTypedPoints());
+        LongWork::setPatience(0ms);
+        dialogs->letWorkGoOn();
+        run(command);
+        QVERIFY(dialogs->sawWork());
+        QVERIFY(points()->toPlainText() == after);
+    }
+
+    // The two seconds after typing can be over in the middle of a command.
+    void typedPointsAreTakenOverAfterACommandThatWasStopped()
+    {
+        enterManyPoints();
+        points()->moveCursor(QTextCursor::Start);
+        QTest::keyClicks(points(), u"7.5 3"_s);
+        QTest::keyClick(points(), Qt::Key_Return);
+        SpectrumModel* model = spectra(*window).constFirst()->model();
+        inDialog(true, [model](QWidget& dialog) {
+            QSignalSpy pause(model->findChild<QTimer*>(), &QTimer::timeout);
+            QVERIFY(pause.wait());
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        run("buttonNormalize");
+        QVERIFY2(dialogs->passed(), dialogs->report().constData());
+        QTRY_COMPARE(model->points().constFirst(), QPointF(7.5, 3));
     }
 
     void longSpectrumOpensBehindTheDialog()
@@ -209,6 +286,30 @@ private:
         QTest::keyClick(points(), Qt::Key_Return);
     }
 
+    /// Some that were taken over, and with which each command has something to do.
+    void enterManyPoints()
+    {
+        QString text = u"7 1\n"_s;
+        for (int i = 0; i < 70'000; ++i)
+            text += u"8.%1 %2\n"_s.arg(i, 5, 10, QChar(u'0')).arg(i % 100);
+        LongWork::setPatience(1h);
+        spectra(*window).constFirst()->model()->setPointText(text.repeated(2) + u"8,5\n200 1");
+        typePoints();
+        LongWork::setPatience(0ms);
+    }
+
+    void run(const QByteArray& command)
+    {
+        if (command != "paste") {
+            QTest::mouseClick(
+                child<QPushButton>(*spectra(*window).constFirst(), command.constData()),
+                Qt::LeftButton);
+            return;
+        }
+        QGuiApplication::clipboard()->setText(u"9.1234 100.5\n"_s.repeated(100'000));
+        QTest::keyClick(points(), Qt::Key_V, Qt::ControlModifier);
+    }
+
     static constexpr int pointsOfALongSpectrum = 60'000;
 
     /// A spectrum file with so many points that they are not put in at once.
@@ -245,12 +346,17 @@ private:
     /// Escape, in the dialog that is open; @p late as soon as it knows how far the work is.
     void stop(bool late)
     {
-        dialogs->expect([this, late](QWidget& dialog) {
+        inDialog(late, [](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    }
+
+    void inDialog(bool late, const std::function<void(QWidget&)>& action)
+    {
+        dialogs->expect([this, late, action](QWidget& dialog) {
             auto* progress = qobject_cast<QProgressDialog*>(&dialog);
             if (progress != nullptr && late && progress->maximum() == 0)
-                stop(late);
+                inDialog(late, action);
             else
-                QTest::keyClick(&dialog, Qt::Key_Escape);
+                action(dialog);
         });
     }
 
