@@ -99,7 +99,7 @@ private Q_SLOTS:
         QFETCH(const QByteArray, text);
         sandbox->write(u"water.json"_s, waterFile);
         sandbox->write(u"helium.json"_s, heliumFile);
-        dialogs->expect([this, compact](QWidget& widget) {
+        dialogs->expect([compact](QWidget& widget) {
             TestSupport::child<QLineEdit>(widget, "lineEdit")->setText(u"1.1"_s);
             TestSupport::child<QLineEdit>(widget, "lineEdit_2")->setText(u"4.0"_s);
             TestSupport::child<QLineEdit>(widget, "lineEdit_3")->setText(u"Test & \"try\""_s);
@@ -122,7 +122,7 @@ private Q_SLOTS:
     {
         sandbox->write(u"helium.json"_s, heliumFile);
         QString title;
-        dialogs->expect([this, &title](QWidget& widget) {
+        dialogs->expect([&title](QWidget& widget) {
             title = TestSupport::child<QLineEdit>(widget, "lineEdit_3")->text();
             fillIn(widget);
         });
@@ -155,7 +155,7 @@ private Q_SLOTS:
             sandbox->write(names.constLast(),
                            TestSupport::speciesFile(u"species %1"_s.arg(number)));
         }
-        dialogs->expect([this](QWidget& widget) {
+        dialogs->expect([](QWidget& widget) {
             TestSupport::child<QCheckBox>(widget, "checkBox")->setChecked(true);
             fillIn(widget);
         });
