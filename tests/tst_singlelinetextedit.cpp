@@ -94,9 +94,12 @@ private Q_SLOTS:
         auto* styled = new SingleLineTextEdit(window.get());
         styled->show();
         QVERIFY(styled->testAttribute(Qt::WA_StyleSheet));
+        const QList<QWidget*> parts = styled->findChildren<QWidget*>();
+        for (const QWidget* part : parts)
+            QVERIFY(!part->testAttribute(Qt::WA_StyleSheet) || part == styled->viewport());
         for (const QScrollBar* bar : {styled->horizontalScrollBar(), styled->verticalScrollBar()}) {
             QVERIFY(!bar->isVisible());
-            QVERIFY(!bar->parentWidget()->testAttribute(Qt::WA_StyleSheet));
+            QCOMPARE(bar->style(), QApplication::style());
         }
     }
 

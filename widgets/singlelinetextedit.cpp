@@ -12,22 +12,35 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QToolTip>
+#include <QWheelEvent>
 
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
     : CleanTextEdit(parent)
+    , unseenHorizontalBar(std::make_unique<QScrollBar>(Qt::Horizontal))
+    , unseenVerticalBar(std::make_unique<QScrollBar>(Qt::Vertical))
 {
+    const QWidgetList containers{horizontalScrollBar()->parentWidget(),
+                                 verticalScrollBar()->parentWidget()};
     setAcceptRichText(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFrameStyle(0);
     setLineWrapMode(QTextEdit::NoWrap);
-    for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
-        bar->parentWidget()->installEventFilter(this); // a container of the toolkit
+    // As children of the field they would come under its style sheet. The toolkit keeps seven
+    // kilobytes of that for each widget, and asks it at every layout for bars that are never seen.
+    setHorizontalScrollBar(unseenHorizontalBar.get());
+    setVerticalScrollBar(unseenVerticalBar.get());
+    for (QScrollBar* bar : {unseenHorizontalBar.get(), unseenVerticalBar.get()})
+        bar->setParent(nullptr);
+    for (QWidget* container : containers)
+        container->installEventFilter(this);
     setStyleSheet(u"background-color: white; border: 1px solid gray; padding: 2px;"_s);
     setDarkText(*this);
     startHeight();
@@ -36,6 +49,8 @@ SingleLineTextEdit::SingleLineTextEdit(QWidget* parent)
             underline();
     });
 }
+
+SingleLineTextEdit::~SingleLineTextEdit() = default;
 
 bool SingleLineTextEdit::eventFilter(QObject* watched, QEvent* event)
 {
@@ -53,6 +68,16 @@ void SingleLineTextEdit::keyPressEvent(QKeyEvent* event)
     }
     CleanTextEdit::keyPressEvent(event);
     adjustHeight();
+}
+
+void SingleLineTextEdit::wheelEvent(QWheelEvent* event)
+{
+    // By a pixel or two a line can be scrolled up and down; the wheel is meant for the form.
+    const QPoint turned = event->angleDelta();
+    if (std::abs(turned.x()) > std::abs(turned.y()))
+        CleanTextEdit::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 void SingleLineTextEdit::insertFromMimeData(const QMimeData* source)

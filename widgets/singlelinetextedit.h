@@ -5,6 +5,10 @@
 
 #include "widgets/cleantextedit.h"
 
+#include <memory>
+
+class QScrollBar;
+
 /// One-line rich-text field: looks and behaves like a line edit, but its characters can be raised
 /// and lowered. It takes no line breaks from keys or pastes; long text scrolls sideways.
 class SingleLineTextEdit : public CleanTextEdit
@@ -13,6 +17,8 @@ class SingleLineTextEdit : public CleanTextEdit
 
 public:
     explicit SingleLineTextEdit(QWidget* parent = nullptr);
+    ~SingleLineTextEdit() override;
+    Q_DISABLE_COPY_MOVE(SingleLineTextEdit)
 
     /// Underlines the text quietly and says @p hint in the tool tip; an empty one ends that. The
     /// content does not change.
@@ -25,6 +31,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void startHeight();
@@ -33,4 +40,6 @@ private:
     [[nodiscard]] QString toolTipText() const;
 
     QString currentHint;
+    std::unique_ptr<QScrollBar> unseenHorizontalBar;
+    std::unique_ptr<QScrollBar> unseenVerticalBar;
 };
