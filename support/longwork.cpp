@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressDialog>
 #include <QSemaphore>
@@ -57,6 +58,26 @@ std::unique_ptr<QLabel> labelWith(const QString& text)
     return label;
 }
 
+/// Takes what was typed and clicked while there was no dialog yet, as the dialog would have done.
+class EarlyInput : public QObject
+{
+public:
+    EarlyInput() { QCoreApplication::instance()->installEventFilter(this); }
+
+    [[nodiscard]] bool hasEscape() const { return escapeWasPressed; }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress)
+            escapeWasPressed |= static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+        return event->isInputEvent();
+    }
+
+private:
+    bool escapeWasPressed = false;
+};
+
 } // namespace
 
 LongWork::LongWork(QWidget* window, QString text)
@@ -103,8 +124,8 @@ bool LongWork::runAside(const std::function<void()>& work)
     });
     if (ended->tryAcquire(1, static_cast<int>(patience.remainingTime())))
         return true;
-    if (dialog == nullptr)
-        show();
+    if (dialog == nullptr && !show())
+        return false;
     dialog->setRange(0, 0); // nobody knows how far it is
     do
         look();
@@ -132,7 +153,8 @@ bool LongWork::goOn(qsizetype done, qsizetype all)
         const double left = static_cast<double>(steps.elapsed()) * (1 - share);
         if (left < share * static_cast<double>(common().patience.count()))
             return true;
-        show();
+        if (!show())
+            return false;
     }
     if (lastLook.isValid() &&
         !lastLook.hasExpired(std::min(betweenLooks, common().patience).count()))
@@ -144,8 +166,15 @@ bool LongWork::goOn(qsizetype done, qsizetype all)
     return !stopped;
 }
 
-void LongWork::show()
+bool LongWork::show()
 {
+    {
+        const EarlyInput input;
+        QCoreApplication::processEvents();
+        stopped = input.hasEscape();
+    }
+    if (stopped)
+        return false;
     dialog = std::make_unique<QProgressDialog>(
         QString(), QCoreApplication::translate("LongWork", "Cancel"), 0, 0, parent);
     dialog->setLabel(labelWith(what).release()); // the dialog's from now on
@@ -158,6 +187,7 @@ void LongWork::show()
     QObject::connect(dialog.get(), &QProgressDialog::canceled, dialog.get(), stop);
     QObject::connect(dialog.get(), &QDialog::rejected, dialog.get(), stop);
     dialog->show();
+    return true;
 }
 
 void LongWork::look()

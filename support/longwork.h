@@ -19,9 +19,9 @@ class QProgressDialog;
 class QWidget;
 
 /// A command that can take long and can be stopped. For the first second nothing is seen of it, and
-/// no event is delivered. Then a modal dialog says what is being done and how far it is; Escape or
-/// its button stops the work. Whoever works does so in steps that change nothing that is shown, and
-/// takes over what they have made when all of it is there.
+/// no event is delivered. Then a modal dialog says what is being done and how far it is; Escape,
+/// which may have been pressed before, or its button stops the work. Whoever works does so in steps
+/// that change nothing that is shown, and takes over what they have made when all of it is there.
 ///
 /// While the dialog is open everything but input goes on: timers fire, and the network answers. Who
 /// could do harm then asks isUnderWay().
@@ -72,7 +72,7 @@ public:
 
 private:
     [[nodiscard]] bool runAside(const std::function<void()>& work);
-    void show();
+    [[nodiscard]] bool show();
     void look();
 
     QWidget* parent;

@@ -5,7 +5,9 @@
 #include "tests/support/sandboxtest.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -140,6 +142,55 @@ private Q_SLOTS:
             QVERIFY(!work.aside([] { return 8; }).has_value());
         }
         QVERIFY(QApplication::activeModalWidget() == nullptr);
+    }
+
+    void keyBeforeTheDialogStopsIt_data()
+    {
+        QTest::addColumn<bool>("inAnotherThread");
+        QTest::newRow("in another thread") << true;
+        QTest::newRow("in steps") << false;
+    }
+
+    void keyBeforeTheDialogStopsIt()
+    {
+        QFETCH(const bool, inAnotherThread);
+        LongWork::setPatience(0ms);
+        const auto mayEnd = std::make_shared<QSemaphore>();
+        const auto release = qScopeGuard([mayEnd] { mayEnd->release(); });
+        QLineEdit field(window.get());
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_Escape}) {
+            QCoreApplication::postEvent(
+                &field, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, u"a"_s));
+        }
+        LongWork work(window.get(), u"Counting"_s);
+        if (inAnotherThread)
+            QVERIFY(!work.aside([mayEnd] {
+                             mayEnd->acquire();
+                             return 7;
+                         })
+                         .has_value());
+        else
+            QVERIFY(!work.goOn(1, 1000));
+        QVERIFY(work.isStopped());
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QCOMPARE(field.text(), QString());
+    }
+
+    void keysBeforeTheDialogReachNobody()
+    {
+        LongWork::setPatience(0ms);
+        QLineEdit field(window.get());
+        QCoreApplication::postEvent(
+            &field, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s));
+        dialogs->letWorkGoOn();
+        {
+            LongWork work(window.get(), u"Counting"_s);
+            while (!dialogs->sawWork())
+                QVERIFY(work.goOn(1, 1000));
+        }
+        QCOMPARE(field.text(), QString());
+        QTest::keyClicks(&field, u"b"_s);
+        QCOMPARE(field.text(), u"b"_s);
     }
 
     void stoppedThreadsKeepNobodyWaiting()
