@@ -102,7 +102,7 @@ private Q_SLOTS:
     {
         const PlotFrame narrow{{{4, 6}, {0, 100}}, QRectF(0, 0, 100, 100)};
         QCOMPARE(visible({{0, 0}, {10, 100}}, narrow),
-                 QList<QPolygonF>{QPolygonF({{-2, 60.4}, {102, 39.6}})});
+                 QList<QPolygonF>{QPolygonF(Points{{-2, 60.4}, {102, 39.6}})});
         QCOMPARE(visible({{0, 0}, {1, 100}, {2, 0}}, narrow), QList<QPolygonF>());
         QCOMPARE(visible({{5, 200}, {5.5, 300}}, narrow), QList<QPolygonF>());
         // It leaves and comes back: two lines.
@@ -120,9 +120,9 @@ private Q_SLOTS:
     {
         const double nan = std::numeric_limits<double>::quiet_NaN();
         const double inf = std::numeric_limits<double>::infinity();
-        QCOMPARE(
-            visible({{1, 10}, {2, 20}, {nan, 1}, {3, 30}, {4, 40}, {5, inf}, {6, 1}}),
-            (QList<QPolygonF>{QPolygonF({{10, 90}, {20, 80}}), QPolygonF({{30, 70}, {40, 60}})}));
+        QCOMPARE(visible({{1, 10}, {2, 20}, {nan, 1}, {3, 30}, {4, 40}, {5, inf}, {6, 1}}),
+                 (QList<QPolygonF>{QPolygonF(Points{{10, 90}, {20, 80}}),
+                                   QPolygonF(Points{{30, 70}, {40, 60}})}));
     }
 
     void nothingSeenIsLost()
