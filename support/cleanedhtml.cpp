@@ -112,10 +112,27 @@ bool isKeptTag(QStringView tag)
     });
 }
 
+bool endsLine(QChar c)
+{
+    return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator || c == QChar::LineSeparator;
+}
+
 bool isPair(QChar first, QChar second)
 {
     return (first == u'\r' && second == u'\n') ||
            (first.isHighSurrogate() && second.isLowSurrogate());
+}
+
+QString withLineFeeds(QStringView html)
+{
+    QString text;
+    text.reserve(html.size());
+    qsizetype begin = 0;
+    for (qsizetype end = html.indexOf(lineBreak); end >= 0; end = html.indexOf(lineBreak, begin)) {
+        text += html.sliced(begin, end - begin) + u'\n';
+        begin = end + lineBreak.size();
+    }
+    return text + html.sliced(begin);
 }
 
 } // namespace
@@ -182,7 +199,7 @@ qsizetype lengthOfShown(QStringView text)
     for (int lines = 0; length < std::min(text.size(), mostCharacters); ++length) {
         const QChar c = text.at(length);
         const bool isPaired = length + 1 < text.size() && isPair(c, text.at(length + 1));
-        lines += c == u'\n' || (c == u'\r' && !isPaired) ? 1 : 0;
+        lines += endsLine(c) && !isPaired ? 1 : 0;
         if (lines > mostPieces)
             break;
     }
@@ -199,7 +216,7 @@ QString fromPlainText(QStringView text)
     qsizetype lineBegin = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text.at(i);
-        if (c != u'\n' && c != u'\r' && c != QChar::ParagraphSeparator)
+        if (!endsLine(c))
             continue;
         html += text.sliced(lineBegin, i - lineBegin) + lineBreak;
         if (i + 1 < text.size() && c == u'\r' && text.at(i + 1) == u'\n')
@@ -223,7 +240,7 @@ QString plainText(const QTextCursor& selection)
         if (stoodFor.isEmpty())
             continue;
         text += QStringView(shown).sliced(taken, picture - taken);
-        text += StandInPicture::isOfRest(format) ? stoodFor.split(lineBreak).join(u'\n') : stoodFor;
+        text += StandInPicture::isOfRest(format) ? withLineFeeds(stoodFor) : stoodFor;
         taken = picture + 1;
     }
     return taken == 0 ? shown : text + QStringView(shown).sliced(taken);

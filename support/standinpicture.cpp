@@ -82,6 +82,8 @@ void giveRest(QTextDocument& document, const QString& text)
 
 QString textOf(const QTextFormat& format)
 {
+    if (!format.isImageFormat())
+        return {};
     const QString name = format.stringProperty(QTextFormat::ImageName);
     if (isOfRest(name))
         return format.stringProperty(restProperty);
@@ -90,7 +92,8 @@ QString textOf(const QTextFormat& format)
 
 bool isOfRest(const QTextFormat& format)
 {
-    return isOfRest(format.stringProperty(QTextFormat::ImageName));
+    // What is typed behind a picture has all of its format but that it is one.
+    return format.isImageFormat() && isOfRest(format.stringProperty(QTextFormat::ImageName));
 }
 
 bool isOfRest(const QString& name)

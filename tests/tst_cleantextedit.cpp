@@ -383,9 +383,33 @@ private Q_SLOTS:
         QTest::keyClick(form.field, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(form.field, Qt::Key_X, Qt::ControlModifier);
         QTEST(QGuiApplication::clipboard()->text(), "copied");
+        QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasHtml()); // it would have pictures
         QCOMPARE(form.field->cleanedHtml(), QString());
         QTest::keyClick(form.field, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(form.field->cleanedHtml(), html);
+    }
+
+    void whatIsEnteredBehindAPictureIsText_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::newRow("rest of a text") << u"x<br>"_s.repeated(30'000);
+        QTest::newRow("marks") << u"a"_s + u"\u0301"_s.repeated(800);
+    }
+
+    void whatIsEnteredBehindAPictureIsText()
+    {
+        QFETCH(const QString, html);
+        Form form;
+        QVERIFY(form.show());
+        form.field->setCleanedHtml(html);
+        form.field->moveCursor(QTextCursor::End);
+        QTest::keyClicks(form.field, u"end"_s);
+        QCOMPARE(form.field->cleanedHtml(), html + u"end");
+        form.field->setCleanedHtml(html);
+        form.field->moveCursor(QTextCursor::End);
+        QGuiApplication::clipboard()->setText(u"y\n"_s.repeated(30'000));
+        form.field->paste();
+        QVERIFY(form.field->cleanedHtml() == html + u"y<br>"_s.repeated(30'000));
     }
 
     void endlessPaste_data()
@@ -395,6 +419,9 @@ private Q_SLOTS:
         QTest::newRow("lines") << u"x\n"_s.repeated(30'000) << u"x<br>"_s.repeated(30'000);
         QTest::newRow("lines of another system")
             << u"x\r\n"_s.repeated(30'000) << u"x<br>"_s.repeated(30'000);
+        QTest::newRow("paragraphs") << u"x\u2029"_s.repeated(30'000) << u"x<br>"_s.repeated(30'000);
+        QTest::newRow("lines of a document")
+            << u"x\u2028"_s.repeated(30'000) << u"x<br>"_s.repeated(30'000);
         const QString words = u"photoelectron "_s.repeated(250'000);
         QTest::newRow("words") << words << words;
     }

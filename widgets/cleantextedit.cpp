@@ -146,9 +146,12 @@ QSize CleanTextEdit::sizeHint() const
 QMimeData* CleanTextEdit::createMimeDataFromSelection() const
 {
     // Without the toolkit's OpenDocument form, which would open the pictures that the text names.
+    const QTextDocumentFragment selection = textCursor().selection();
     auto* copied = new QMimeData;
     copied->setText(CleanedHtml::plainText(textCursor()));
-    copied->setHtml(textCursor().selection().toHtml());
+    // Markup would have pictures instead of what they stand for, and others prefer markup.
+    if (copied->text() == selection.toPlainText())
+        copied->setHtml(selection.toHtml());
     return copied;
 }
 
