@@ -29,16 +29,13 @@ void PointListEdit::insertFromMimeData(const QMimeData* source)
         return;
     constexpr qsizetype mostAtOnce = 1'000'000; // characters, some hundred thousand points
     const QString text = source->text();
-    if (text.size() <= mostAtOnce || !isUndoRedoEnabled()) {
-        const WaitCursor waiting;
-        textCursor().insertText(text);
-        ensureCursorVisible();
-    } else if (dropping) { // the toolkit is in the middle of an edit, and the source waits
-        const auto insertNow = [this, text] { insertLongText(text); };
-        QMetaObject::invokeMethod(this, insertNow, Qt::QueuedConnection);
-    } else {
+    if (text.size() > mostAtOnce && mayWait && isUndoRedoEnabled()) {
         insertLongText(text);
+        return;
     }
+    const WaitCursor waiting;
+    textCursor().insertText(text);
+    ensureCursorVisible();
 }
 
 void PointListEdit::insertLongText(const QString& text)
@@ -50,7 +47,13 @@ void PointListEdit::insertLongText(const QString& text)
 
 void PointListEdit::dropEvent(QDropEvent* event)
 {
-    const QScopedValueRollback<bool> drop(dropping, true);
+    if (LongWork::isUnderWay()) {
+        event->ignore();
+        return;
+    }
+    // The toolkit is in the middle of an edit. What is moved is taken away from where it was,
+    // whatever becomes of it here.
+    const QScopedValueRollback<bool> drop(mayWait, false);
     QPlainTextEdit::dropEvent(event);
 }
 

@@ -137,54 +137,63 @@ PointRewrites::PointRewrites(QPlainTextEdit* pointList)
     , kept(std::make_shared<Amount>())
 {}
 
-bool PointRewrites::replaceText(const QString& text, const LongText::GoOn& goOn)
+bool PointRewrites::replaceText(const QString& text, const LongText::GoOn& goOn,
+                                const std::function<void()>& taking)
 {
     const QString before = list->toPlainText();
-    if (text == before) {
-        Q_EMIT list->textChanged();
-        return true;
-    }
     const View viewBefore = view();
     View viewAfter = viewBefore;
-    const QList<qsizetype> lines = PointLines::counterparts(
-        before, {viewBefore.anchor.line, viewBefore.position.line, viewBefore.top}, text);
-    viewAfter.anchor.line = lines.at(0);
-    viewAfter.position.line = lines.at(1);
-    viewAfter.top = lines.at(2);
-    if (!list->isUndoRedoEnabled()) {
+    std::unique_ptr<QTextDocument> document;
+    const bool isNew = text != before;
+    if (isNew) {
+        const QList<qsizetype> lines = PointLines::counterparts(
+            before, {viewBefore.anchor.line, viewBefore.position.line, *viewBefore.top}, text);
+        viewAfter.anchor.line = lines.at(0);
+        viewAfter.position.line = lines.at(1);
+        viewAfter.top = lines.at(2);
+    }
+    if (isNew && list->isUndoRedoEnabled()) {
+        document = documentWith(text, list->document()->defaultFont(), goOn);
+        if (!document)
+            return false;
+    }
+    if (taking)
+        taking();
+    if (!isNew) {
+        Q_EMIT list->textChanged();
+    } else if (!document) {
         LongText::setPlainText(*list, text);
         show(viewAfter);
-        return true;
+    } else {
+        if (!hasRoom())
+            list->document()->clearUndoRedoStacks();
+        Crossing::take(*this, std::move(document), viewBefore, viewAfter);
     }
-    return take(text, viewBefore, viewAfter, goOn);
+    return true;
 }
 
 bool PointRewrites::insertText(const QString& text, const LongText::GoOn& goOn)
 {
-    const QTextCursor caret = list->textCursor();
+    QTextCursor caret = list->textCursor();
+    if (!hasRoom() && list->document()->isUndoAvailable()) {
+        caret.insertText(text);
+        list->ensureCursorVisible();
+        return true;
+    }
     const QString inserted = asInserted(text);
     // Plain text would tell blanks and breaks otherwise that are nobody's business here.
     QString after = asInserted(list->document()->toRawText());
     const int start = caret.selectionStart();
     after.replace(start, caret.selectionEnd() - start, inserted);
-
-    const View viewBefore = view();
     const qsizetype end = start + inserted.size();
     const QStringView untilEnd = QStringView(after).first(end);
     const Place caretAfter{untilEnd.count(u'\n'), end - (untilEnd.lastIndexOf(u'\n') + 1)};
-    const int linesInView = list->viewport()->height() / list->fontMetrics().lineSpacing();
-    const qsizetype top = std::max<qsizetype>(caretAfter.line - linesInView + 1, 0);
-    return take(after, viewBefore, {caretAfter, caretAfter, top}, goOn);
-}
-
-bool PointRewrites::take(const QString& text, const View& before, const View& after,
-                         const LongText::GoOn& goOn)
-{
-    auto document = documentWith(text, list->document()->defaultFont(), goOn);
+    auto document = documentWith(after, list->document()->defaultFont(), goOn);
     if (!document)
         return false;
-    makeRoom();
-    Crossing::take(*this, std::move(document), before, after);
+    if (!hasRoom())
+        list->document()->clearUndoRedoStacks();
+    Crossing::take(*this, std::move(document), view(), {caretAfter, caretAfter, {}});
     return true;
 }
 
@@ -212,15 +221,17 @@ void PointRewrites::show(const View& view)
     caret.setPosition(position(view.anchor));
     caret.setPosition(position(view.position), QTextCursor::KeepAnchor);
     list->setTextCursor(caret); // scrolls to it, so that the view comes second
-    list->verticalScrollBar()->setValue(blockOf(document, view.top).firstLineNumber());
+    if (view.top)
+        list->verticalScrollBar()->setValue(blockOf(document, *view.top).firstLineNumber());
+    else
+        list->ensureCursorVisible();
 }
 
-void PointRewrites::makeRoom()
+bool PointRewrites::hasRoom() const
 {
-    QTextDocument& document = *list->document();
-    if (kept->lines + document.blockCount() > mostKeptLines ||
-        kept->characters + document.characterCount() > mostKeptCharacters)
-        document.clearUndoRedoStacks();
+    const QTextDocument& document = *list->document();
+    return kept->lines + document.blockCount() <= mostKeptLines &&
+           kept->characters + document.characterCount() <= mostKeptCharacters;
 }
 
 std::unique_ptr<QTextDocument> PointRewrites::exchange(std::unique_ptr<QTextDocument> document)

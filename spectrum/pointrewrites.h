@@ -8,7 +8,9 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 class QPlainTextEdit;
 class QTextDocument;
@@ -41,11 +43,14 @@ public:
     static PointRewrites& of(QPlainTextEdit& list);
 
     /// Replaces the whole text. Where it is the same already, that is announced all the same. When
-    /// it is not to go on, returns false, and nothing has changed.
-    bool replaceText(const QString& text, const LongText::GoOn& goOn = {});
+    /// it is not to go on, returns false, and nothing has changed; else @p taking is called once
+    /// the text is sure to come, before the list has it.
+    bool replaceText(const QString& text, const LongText::GoOn& goOn = {},
+                     const std::function<void()>& taking = {});
 
-    /// Puts a text in the place of what is selected, and the caret behind it; the same as typing
-    /// does, and for a long text much quicker. Undoing must be possible in the list.
+    /// Puts a text in the place of what is selected, and the caret behind it, as typing does, but
+    /// so that it can be stopped; not where all that can be undone would be forgotten for that.
+    /// Undoing must be possible in the list.
     bool insertText(const QString& text, const LongText::GoOn& goOn = {});
 
 private:
@@ -61,7 +66,7 @@ private:
     {
         Place anchor;
         Place position;
-        qsizetype top = 0;
+        std::optional<qsizetype> top; ///< None where it is enough that the caret is seen.
     };
 
     /// Lines and characters.
@@ -78,9 +83,7 @@ private:
     [[nodiscard]] View view() const;
     void show(const View& view);
     void announce(const View& view);
-    bool take(const QString& text, const View& before, const View& after,
-              const LongText::GoOn& goOn);
-    void makeRoom();
+    [[nodiscard]] bool hasRoom() const;
     [[nodiscard]] std::unique_ptr<QTextDocument> exchange(std::unique_ptr<QTextDocument> document);
 
     QPlainTextEdit* list;

@@ -251,12 +251,14 @@ void SpectrumModel::rewritePoints(const QString& what, const Rewriting& rewritin
         lines = std::move(*made);
     if (!lines)
         return;
-    if (pointText != nullptr) {
+    const auto take = [this, &lines] { pointLines = *lines; };
+    if (pointText == nullptr) {
+        take();
+    } else {
         const QScopedValueRollback<bool> writing(writingPointText, true);
-        if (!PointRewrites::of(*pointText).replaceText(*lines, work.question()))
+        if (!PointRewrites::of(*pointText).replaceText(*lines, work.question(), take))
             return;
     }
-    pointLines = *lines;
     Q_EMIT spectrumDataChanged();
 }
 
@@ -277,13 +279,13 @@ void SpectrumModel::setPointText(const QString& text)
 
 void SpectrumModel::emitSpectrumDataChanged()
 {
+    const WaitCursor waiting;
     if (writingPointText) { // timers fire in long work, which may yet be stopped
         updateTimer->start();
-        return;
+    } else {
+        typed = false;
+        if (pointText != nullptr)
+            pointLines = PointText::withoutEmptyLines(pointText->document()->toPlainText());
     }
-    const WaitCursor waiting;
-    typed = false;
-    if (pointText != nullptr)
-        pointLines = PointText::withoutEmptyLines(pointText->document()->toPlainText());
     Q_EMIT spectrumDataChanged();
 }

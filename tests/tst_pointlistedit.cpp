@@ -3,6 +3,7 @@
 
 #include "spectrum/longtext.h"
 #include "spectrum/pointlistedit.h"
+#include "spectrum/pointrewrites.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/sandboxtest.h"
 
@@ -11,8 +12,10 @@
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextDocumentFragment>
 
 #include <memory>
 
@@ -128,6 +131,8 @@ private Q_SLOTS:
         QTest::newRow("with separators of paragraphs and lines")
             << QString(lines).replace(u"5\n9"_s, u"\u2029\u2028"_s) << 3 << 3;
         QTest::newRow("one line") << u"9.1234 "_s.repeated(150'000) << 3 << 3;
+        QTest::newRow("lines that are wrapped")
+            << u"9.123456789012345678901 4.567890123456789e-05\n"_s.repeated(40'000) << 3 << 3;
     }
 
     void pastesALongTextAsTheToolkitWould()
@@ -152,6 +157,7 @@ private Q_SLOTS:
         QVERIFY(list->document()->toRawText() == after);
         QCOMPARE(list->textCursor().position(), theirs.textCursor().position());
         QVERIFY(!list->textCursor().hasSelection());
+        QCoreApplication::processEvents(); // the view is settled late
         QVERIFY(list->viewport()->rect().contains(list->cursorRect().center()));
 
         QTest::keyClick(list.get(), Qt::Key_Z, Qt::ControlModifier);
@@ -186,6 +192,40 @@ private Q_SLOTS:
         QCOMPARE(list->document()->lastBlock().text(), u"10.0 3"_s);
         list->undo();
         QCOMPARE(list->toPlainText(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
+    }
+
+    void longTextIsDroppedInOneStep()
+    {
+        list->setPlainText(u"1 2\n"_s.repeated(300'000) + u"3 4\n5 6");
+        const QString before = list->toPlainText();
+        const QPoint place = list->cursorRect(QTextCursor(list->document())).center();
+        QTextCursor selection(list->document());
+        selection.setPosition(4);
+        selection.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+        list->setTextCursor(selection);
+        QMimeData dragged;
+        dragged.setText(selection.selection().toPlainText());
+        list->verticalScrollBar()->setValue(0);
+        QDragEnterEvent enter(place, Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &enter);
+        QDropEvent drop(place, Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &drop);
+        QVERIFY(list->toPlainText() != before);
+        list->undo();
+        QVERIFY(list->toPlainText() == before);
+    }
+
+    void longPasteForgetsNothing()
+    {
+        list->setPlainText(u"1 2\n"_s.repeated(PointRewrites::mostKeptLines + 10));
+        QTest::keyClicks(list.get(), u"7"_s);
+        clipboard().setText(u"3 4\n"_s.repeated(300'000));
+        QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(list->document()->firstBlock().text(), u"73 4"_s);
+        QTest::keyClick(list.get(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(list->document()->firstBlock().text(), u"71 2"_s);
+        QTest::keyClick(list.get(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(list->document()->firstBlock().text(), u"1 2"_s);
     }
 
     void wrapsLinesForTheWidthThatItIsShownWith_data()
