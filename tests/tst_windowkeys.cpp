@@ -132,6 +132,12 @@ private Q_SLOTS:
         const int before = type->currentIndex();
         turnWheel(*type, {0, -120});
         QCOMPARE(type->currentIndex(), before);
+        const QPointF position = type->rect().center();
+        QWheelEvent wheel(position, type->mapToGlobal(position), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(type, &wheel);
+        QCOMPARE(type->currentIndex(), before);
+        QVERIFY(!wheel.isAccepted());
         QTest::keyClick(type, Qt::Key_Down);
         QCOMPARE(type->currentIndex(), before + 1);
     }
