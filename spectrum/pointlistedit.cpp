@@ -29,7 +29,7 @@ void PointListEdit::insertFromMimeData(const QMimeData* source)
         return;
     constexpr qsizetype mostAtOnce = 1'000'000; // characters, some hundred thousand points
     const QString text = source->text();
-    if (text.size() > mostAtOnce && mayWait && isUndoRedoEnabled()) {
+    if (text.size() > mostAtOnce && mayBeStopped && isUndoRedoEnabled()) {
         insertLongText(text);
         return;
     }
@@ -53,7 +53,7 @@ void PointListEdit::dropEvent(QDropEvent* event)
     }
     // The toolkit is in the middle of an edit. What is moved is taken away from where it was,
     // whatever becomes of it here.
-    const QScopedValueRollback<bool> drop(mayWait, false);
+    const QScopedValueRollback<bool> drop(mayBeStopped, false);
     QPlainTextEdit::dropEvent(event);
 }
 

@@ -26,7 +26,7 @@ protected:
 private:
     void insertLongText(const QString& text);
 
-    bool mayWait = true; ///< Whether what is inserted may also come later, or not at all.
+    bool mayBeStopped = true;              ///< Whether what is inserted may also not come at all.
     QPointer<const QTextDocument> wrapped; ///< Whose lines were wrapped last,
     int wrapWidth = 0;                     ///< and for this width of the view.
 };

@@ -67,6 +67,7 @@ public:
     static void take(PointRewrites& rewrites, std::unique_ptr<QTextDocument> newer,
                      const View& before, const View& after)
     {
+        rewrites.makeRoom();
         QTextDocument& older = *rewrites.list->document();
         auto forth = std::make_unique<Crossing>(rewrites, after);
         auto back = std::make_unique<Crossing>(rewrites, before);
@@ -165,8 +166,6 @@ bool PointRewrites::replaceText(const QString& text, const LongText::GoOn& goOn,
         LongText::setPlainText(*list, text);
         show(viewAfter);
     } else {
-        if (!hasRoom())
-            list->document()->clearUndoRedoStacks();
         Crossing::take(*this, std::move(document), viewBefore, viewAfter);
     }
     return true;
@@ -191,8 +190,6 @@ bool PointRewrites::insertText(const QString& text, const LongText::GoOn& goOn)
     auto document = documentWith(after, list->document()->defaultFont(), goOn);
     if (!document)
         return false;
-    if (!hasRoom())
-        list->document()->clearUndoRedoStacks();
     Crossing::take(*this, std::move(document), view(), {caretAfter, caretAfter, {}});
     return true;
 }
@@ -225,6 +222,12 @@ void PointRewrites::show(const View& view)
         list->verticalScrollBar()->setValue(blockOf(document, *view.top).firstLineNumber());
     else
         list->ensureCursorVisible();
+}
+
+void PointRewrites::makeRoom()
+{
+    if (!hasRoom())
+        list->document()->clearUndoRedoStacks();
 }
 
 bool PointRewrites::hasRoom() const

@@ -84,6 +84,7 @@ private:
     void show(const View& view);
     void announce(const View& view);
     [[nodiscard]] bool hasRoom() const;
+    void makeRoom();
     [[nodiscard]] std::unique_ptr<QTextDocument> exchange(std::unique_ptr<QTextDocument> document);
 
     QPlainTextEdit* list;

@@ -4,6 +4,7 @@
 #include "spectrum/longtext.h"
 #include "spectrum/pointlistedit.h"
 #include "spectrum/pointrewrites.h"
+#include "support/longwork.h"
 #include "tests/support/documentwindow.h"
 #include "tests/support/sandboxtest.h"
 
@@ -12,11 +13,10 @@
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
-#include <QTextDocumentFragment>
 
+#include <chrono>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -130,6 +130,8 @@ private Q_SLOTS:
         QTest::newRow("of an old system") << QString(lines).replace(u'\n', u'\r') << 3 << 3;
         QTest::newRow("with separators of paragraphs and lines")
             << QString(lines).replace(u"5\n9"_s, u"\u2029\u2028"_s) << 3 << 3;
+        QTest::newRow("with marks of frames")
+            << QString(lines).replace(u"5\n9"_s, u"\ufdd0\ufdd1"_s) << 3 << 3;
         QTest::newRow("one line") << u"9.1234 "_s.repeated(150'000) << 3 << 3;
         QTest::newRow("lines that are wrapped")
             << u"9.123456789012345678901 4.567890123456789e-05\n"_s.repeated(40'000) << 3 << 3;
@@ -169,50 +171,55 @@ private Q_SLOTS:
         QVERIFY(list->document()->toRawText() == after);
     }
 
-    void longTextIsDropped_data()
+    void textIsDroppedAtOnceAndInOneStep_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("long") << u"1 2\n"_s.repeated(300'000);
-        QTest::newRow("short") << u"1 2\n"_s.repeated(30);
+        QTest::addColumn<Qt::DropAction>("action");
+        const QString longText = u"1 2\n"_s.repeated(300'000);
+        QTest::newRow("long, copied") << longText << Qt::CopyAction;
+        QTest::newRow("long, moved") << longText << Qt::MoveAction;
+        QTest::newRow("short, copied") << u"1 2\n"_s.repeated(30) << Qt::CopyAction;
     }
 
-    void longTextIsDropped()
+    // What is moved is taken away where it was as soon as the drop has been taken.
+    void textIsDroppedAtOnceAndInOneStep()
     {
         QFETCH(const QString, text);
-        QMimeData dragged;
-        dragged.setText(text);
-        const QPoint place = list->cursorRect(QTextCursor(list->document()->lastBlock())).center();
-        QDragEnterEvent enter(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list->viewport(), &enter);
-        QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list->viewport(), &drop);
-        QVERIFY(drop.isAccepted());
-        QTRY_COMPARE(list->blockCount(), text.count(u'\n') + 4);
+        QFETCH(const Qt::DropAction, action);
+        LongWork::setPatience(std::chrono::milliseconds(0));
+        QVERIFY(drop(text, action));
+        QCOMPARE(list->blockCount(), text.count(u'\n') + 4);
         QCOMPARE(list->document()->firstBlock().text(), u"9.0 1"_s);
         QCOMPARE(list->document()->lastBlock().text(), u"10.0 3"_s);
         list->undo();
         QCOMPARE(list->toPlainText(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
     }
 
-    void longTextIsDroppedInOneStep()
+    void nothingIsDroppedInTheMiddleOfLongWork()
     {
-        list->setPlainText(u"1 2\n"_s.repeated(300'000) + u"3 4\n5 6");
-        const QString before = list->toPlainText();
-        const QPoint place = list->cursorRect(QTextCursor(list->document())).center();
-        QTextCursor selection(list->document());
-        selection.setPosition(4);
-        selection.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
-        list->setTextCursor(selection);
-        QMimeData dragged;
-        dragged.setText(selection.selection().toPlainText());
-        list->verticalScrollBar()->setValue(0);
-        QDragEnterEvent enter(place, Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list->viewport(), &enter);
-        QDropEvent drop(place, Qt::MoveAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list->viewport(), &drop);
-        QVERIFY(list->toPlainText() != before);
-        list->undo();
-        QVERIFY(list->toPlainText() == before);
+        {
+            const LongWork work(list.get(), u"Counting"_s);
+            QVERIFY(!drop(u"1 2\n"_s, Qt::CopyAction));
+            QCOMPARE(list->toPlainText(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
+        }
+        QVERIFY(drop(u"1 2\n"_s, Qt::CopyAction));
+    }
+
+    void longPasteWithoutUndoing()
+    {
+        list->setUndoRedoEnabled(false);
+        clipboard().setText(u"3 4\n"_s.repeated(300'000));
+        QTest::keyClick(list.get(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(list->blockCount(), 300'004);
+        QCOMPARE(list->document()->lastBlock().text(), u"10.0 3"_s);
+    }
+
+    void readOnlyListTakesNoLongPaste()
+    {
+        list->setReadOnly(true);
+        clipboard().setText(u"3 4\n"_s.repeated(300'000));
+        list->paste();
+        QCOMPARE(list->toPlainText(), u"9.0 1\n9.5 2\n\n10.0 3"_s);
     }
 
     void longPasteForgetsNothing()
@@ -269,6 +276,19 @@ private Q_SLOTS:
     }
 
 private:
+    /// On the last line; whether it was taken.
+    bool drop(const QString& text, Qt::DropAction action)
+    {
+        QMimeData dragged;
+        dragged.setText(text);
+        const QPoint place = list->cursorRect(QTextCursor(list->document()->lastBlock())).center();
+        QDragEnterEvent enter(place, action, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &enter);
+        QDropEvent dropped(place, action, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(list->viewport(), &dropped);
+        return dropped.isAccepted();
+    }
+
     /// Where the second line stands, below all rows of the first.
     static int topOfSecondLine(const QPlainTextEdit& edit)
     {

@@ -104,6 +104,34 @@ private Q_SLOTS:
         }
     }
 
+    // Whoever hears of the new text may ask for the points, or have them told at once.
+    void pointsAreNewWhenTheTextIs_data()
+    {
+        QTest::addColumn<QByteArray>("button");
+        QTest::newRow("Normalize") << QByteArray("buttonNormalize");
+        QTest::newRow("Sparse") << QByteArray("buttonSparse");
+    }
+    void pointsAreNewWhenTheTextIs()
+    {
+        QFETCH(const QByteArray, button);
+        const auto* window = show();
+        setPoints(*window, u"10.000 0\n10.004 4"_s);
+        SpectrumModel* model = window->model();
+        QList<Points> seen;
+        int told = 0;
+        connect(model, &SpectrumModel::spectrumDataChanged, this, [&told] { ++told; });
+        const auto onText = connect(pointEditor(*window), &QPlainTextEdit::textChanged, this, [&] {
+            seen.append(model->points());
+            QMetaObject::invokeMethod(model, "emitSpectrumDataChanged", Qt::DirectConnection);
+        });
+        click(*window, button.constData());
+        disconnect(onText);
+        QVERIFY(!seen.isEmpty());
+        for (const Points& points : std::as_const(seen))
+            QCOMPARE(points, model->points());
+        QCOMPARE(told, seen.size() + 1);
+    }
+
     void typingAndCommandsAreTakenBackInOrder()
     {
         const auto* window = show();
