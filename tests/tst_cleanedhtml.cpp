@@ -471,6 +471,45 @@ private Q_SLOTS:
         QVERIFY(throughTheReader(throughTheReader(text)) == text);
     }
 
+    void shownOfAPastedTextEndsBetweenCharacters_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<qsizetype>("length");
+        const qsizetype most = CleanedHtml::mostCharacters;
+        const int lines = CleanedHtml::mostPieces;
+        QTest::newRow("empty") << QString() << qsizetype{0};
+        QTest::newRow("most characters") << QString(most, u'a') << most;
+        QTest::newRow("more characters") << QString(most + 1, u'a') << most;
+        QTest::newRow("half a character at the end")
+            << QString(most - 1, u'a') + u"\U0001F9EA" << most - 1;
+        QTest::newRow("half an end of line") << QString(most - 1, u'a') + u"\r\n" << most - 1;
+        QTest::newRow("most lines") << QString(lines, u'\n') << qsizetype{lines};
+        QTest::newRow("more lines") << QString(lines + 1, u'\n') << qsizetype{lines};
+        QTest::newRow("lines of another system")
+            << u"\r\n"_s.repeated(lines + 1) << qsizetype{2 * lines};
+        QTest::newRow("lines of an old system") << QString(lines + 1, u'\r') << qsizetype{lines};
+        for (const QChar::SpecialCharacter end :
+             {QChar::ParagraphSeparator, QChar::LineSeparator}) {
+            QTest::addRow("separators %x", unsigned(end))
+                << QString(lines + 1, QChar(end)) << qsizetype{lines};
+        }
+    }
+
+    void shownOfAPastedTextEndsBetweenCharacters()
+    {
+        QFETCH(const QString, text);
+        QTEST(CleanedHtml::lengthOfShown(text), "length");
+    }
+
+    void endsOfLinesBecomeBreaks()
+    {
+        QCOMPARE(CleanedHtml::fromPlainText(u""), QString());
+        QCOMPARE(CleanedHtml::fromPlainText(u"a<b"), u"a<b"_s);
+        QCOMPARE(CleanedHtml::fromPlainText(u"a\nb\rc\r\nd\u2028e\u2029f"),
+                 u"a<br>b<br>c<br>d<br>e<br>f"_s);
+        QCOMPARE(CleanedHtml::fromPlainText(u"\r\r\n\n"), u"<br><br><br>"_s);
+    }
+
     // The toolkit reads the name of a picture as an address at each repaint.
     void restOfAnEndlessTextIsNoAddress()
     {

@@ -99,7 +99,7 @@ void CleanTextEdit::setCleanedHtml(const QString& html)
         document()->setLayoutEnabled(false);
         waitsToBeSeen = true;
     }
-    take(text);
+    setPrepared(text);
     if (text.isFormatted)
         judgeFormats(html, pieces);
     // Not before: the old text, with its endless word, would be laid out once more.
@@ -214,7 +214,7 @@ void CleanTextEdit::layOutNow()
     QTextEdit::resizeEvent(&resized);
 }
 
-void CleanTextEdit::take(const HtmlReaderText::Prepared& text)
+void CleanTextEdit::setPrepared(const HtmlReaderText::Prepared& text)
 {
     if (text.rest.isEmpty()) {
         setHtml(text.html);
@@ -231,7 +231,7 @@ void CleanTextEdit::take(const HtmlReaderText::Prepared& text)
 void CleanTextEdit::judgeFormats(const QString& html, int pieces)
 {
     if (TextExtent::isBeyondLayout(*document()))
-        take(HtmlReaderText::unformatted(html, pieces));
+        setPrepared(HtmlReaderText::unformatted(html, pieces));
     // Markup can take from a text the blanks at which it would be broken.
     prepareWrappingFor(document()->toRawText());
 }

@@ -59,7 +59,7 @@ private Q_SLOTS:
 private:
     /// Of a text with foreign markup, before it is laid out: whether it can be, and how.
     void judgeFormats(const QString& html, int pieces);
-    void take(const HtmlReaderText::Prepared& text);
+    void setPrepared(const HtmlReaderText::Prepared& text);
     void prepareWrappingFor(const QString& text);
 
     bool waitsToBeSeen = false; ///< Whether a long text is not laid out yet.
