@@ -72,7 +72,7 @@ public:
 
 private:
     [[nodiscard]] bool runAside(const std::function<void()>& work);
-    [[nodiscard]] bool show();
+    [[nodiscard]] bool show(); ///< Whether it was not stopped before.
     void look();
 
     QWidget* parent;

@@ -8,17 +8,48 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QSemaphore>
+#include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
+
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Work that goes on until this is gone.
+class EndlessWork
+{
+public:
+    EndlessWork() = default;
+    ~EndlessWork() { mayEnd->release(works); }
+    Q_DISABLE_COPY_MOVE(EndlessWork)
+
+    /// What to do in another thread.
+    [[nodiscard]] std::function<int()> another()
+    {
+        ++works;
+        return [mayEnd = mayEnd] {
+            mayEnd->acquire();
+            return 7;
+        };
+    }
+
+private:
+    std::shared_ptr<QSemaphore> mayEnd = std::make_shared<QSemaphore>();
+    int works = 0;
+};
+
+} // namespace
 
 /// Work that can take long: unseen while it is short, then with a dialog that can stop it.
 class TestLongWork : public SandboxTest
@@ -122,8 +153,7 @@ private Q_SLOTS:
     {
         QFETCH(const bool, byKey);
         LongWork::setPatience(0ms);
-        const auto mayEnd = std::make_shared<QSemaphore>();
-        const auto release = qScopeGuard([mayEnd] { mayEnd->release(); });
+        EndlessWork endless;
         dialogs->expect([byKey](QWidget& dialog) {
             if (byKey)
                 QTest::keyClick(&dialog, Qt::Key_Escape);
@@ -132,10 +162,7 @@ private Q_SLOTS:
         });
         {
             LongWork work(window.get(), u"Counting"_s);
-            const auto result = work.aside([mayEnd] {
-                mayEnd->acquire();
-                return 7;
-            });
+            const auto result = work.aside(endless.another());
             QVERIFY(!result.has_value());
             QVERIFY(work.isStopped());
             QVERIFY(!work.goOn(1, 2));
@@ -155,8 +182,7 @@ private Q_SLOTS:
     {
         QFETCH(const bool, inAnotherThread);
         LongWork::setPatience(0ms);
-        const auto mayEnd = std::make_shared<QSemaphore>();
-        const auto release = qScopeGuard([mayEnd] { mayEnd->release(); });
+        EndlessWork endless;
         QLineEdit field(window.get());
         for (const Qt::Key key : {Qt::Key_A, Qt::Key_Escape}) {
             QCoreApplication::postEvent(
@@ -164,11 +190,7 @@ private Q_SLOTS:
         }
         LongWork work(window.get(), u"Counting"_s);
         if (inAnotherThread)
-            QVERIFY(!work.aside([mayEnd] {
-                             mayEnd->acquire();
-                             return 7;
-                         })
-                         .has_value());
+            QVERIFY(!work.aside(endless.another()).has_value());
         else
             QVERIFY(!work.goOn(1, 1000));
         QVERIFY(work.isStopped());
@@ -176,12 +198,19 @@ private Q_SLOTS:
         QCOMPARE(field.text(), QString());
     }
 
-    void keysBeforeTheDialogReachNobody()
+    void keysAndClicksBeforeTheDialogReachNobody()
     {
         LongWork::setPatience(0ms);
         QLineEdit field(window.get());
+        QPushButton button(window.get());
+        const QSignalSpy clicks(&button, &QPushButton::clicked);
         QCoreApplication::postEvent(
             &field, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s));
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QCoreApplication::postEvent(&button, new QMouseEvent(type, QPointF(1, 1), QPointF(1, 1),
+                                                                 Qt::LeftButton, Qt::LeftButton,
+                                                                 Qt::NoModifier));
+        }
         dialogs->letWorkGoOn();
         {
             LongWork work(window.get(), u"Counting"_s);
@@ -189,6 +218,7 @@ private Q_SLOTS:
                 QVERIFY(work.goOn(1, 1000));
         }
         QCOMPARE(field.text(), QString());
+        QCOMPARE(clicks.count(), 0);
         QTest::keyClicks(&field, u"b"_s);
         QCOMPARE(field.text(), u"b"_s);
     }
@@ -197,16 +227,11 @@ private Q_SLOTS:
     {
         LongWork::setPatience(0ms);
         constexpr int several = 20;
-        const auto mayEnd = std::make_shared<QSemaphore>();
-        const auto release = qScopeGuard([mayEnd] { mayEnd->release(several); });
+        EndlessWork endless;
         for (int i = 0; i < several; ++i) {
             dialogs->expect([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
             LongWork work(window.get(), u"Counting"_s);
-            QVERIFY(!work.aside([mayEnd] {
-                             mayEnd->acquire();
-                             return 7;
-                         })
-                         .has_value());
+            QVERIFY(!work.aside(endless.another()).has_value());
         }
         LongWork::setPatience(1h);
         LongWork work(window.get(), u"Counting"_s);
